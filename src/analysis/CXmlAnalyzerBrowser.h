@@ -1,0 +1,108 @@
+#pragma once
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/core/Ref.h"
+
+namespace platform::automation {
+class TextDocument;
+class Document;
+class Project;
+class ProjectItem;
+class ProjectItems;
+}  // namespace platform::automation
+namespace platform::codemodel {
+class CodeElement;
+}
+namespace platform::dao {
+class Recordset;
+}
+namespace platform::grammar {
+class GrammarParser;
+}
+namespace platform::suite {
+class CodeModelHelper;
+}
+
+namespace annotra {
+
+class FParser;
+class CEstimate;
+class CStatus;
+
+/// One analysis: loads the options, prepares the parsers and the results table, walks the
+/// chosen scope of the solution element by element, runs the checks on each element and
+/// writes every problem as one row of "XMLAnalyzer1".
+class CXmlAnalyzerBrowser {
+ public:
+  using TextDocument = platform::automation::TextDocument;
+  using Document = platform::automation::Document;
+  using Project = platform::automation::Project;
+  using ProjectItem = platform::automation::ProjectItem;
+  using ProjectItems = platform::automation::ProjectItems;
+  using CodeElement = platform::codemodel::CodeElement;
+  template <class T>
+  using Ref = platform::Ref<T>;
+
+  CXmlAnalyzerBrowser();
+  virtual ~CXmlAnalyzerBrowser();
+  CXmlAnalyzerBrowser(const CXmlAnalyzerBrowser&) = delete;
+  CXmlAnalyzerBrowser& operator=(const CXmlAnalyzerBrowser&) = delete;
+
+  /// The number of rows of the results table at the end of the walk; 0 until then.
+  int32_t Matches() const { return m_lMatches; }
+
+  /// Runs the analysis. Never throws: failing steps are reported and skipped.
+  void Find();
+
+  /// Appends one finding row to the results table.
+  void Found(const std::string& sProject, const std::string& sDocument, const std::string& sPath,
+             const std::string& sMember, int32_t lStart, int32_t lEnd, const std::string& sType,
+             const std::string& sProblem);
+
+  /// Loads the options of this analysis into the shared options record and XMLCheckItems.
+  void GetOptions();
+
+  // The scope walk.
+  void FindInMethod(const Ref<TextDocument>& textDocument);
+  void FindInComponent(const Ref<TextDocument>& textDocument);
+  void FindInProject(const Ref<Project>& project);
+  void FindInProjectItems(const Ref<ProjectItems>& items);
+  void SearchItem(const Ref<ProjectItem>& item);
+  void WalkIntoCodeElements(const Ref<TextDocument>& textDocument,
+                            const Ref<CodeElement>& element, bool bParentPublic);
+
+  // The checks: what the walk calls for every element and every method.
+  virtual void DefinitionAnalysis(const Ref<TextDocument>& textDocument,
+                                  const Ref<CodeElement>& element, bool bParentPublic);
+  virtual void BodyAnalysis(const Ref<TextDocument>& textDocument,
+                            const Ref<CodeElement>& element);
+
+  bool CanProcessProject(const Ref<Project>& project);
+  bool CanProcessDocument(const Ref<Document>& document);
+  /// True when Ctrl and C are down and the user confirms the stop.
+  bool CancelRequested();
+  /// The folders holding the document's item inside its project, joined by "\".
+  std::string GetProjectItemPath(const Ref<TextDocument>& textDocument);
+
+  /// The required-tag items: "XMLCheck" split at every "|".
+  std::vector<std::string> XMLCheckItems;
+
+ protected:
+  /// The language identifier of the document being walked.
+  std::string m_sLanguage;
+  bool m_bCancelled = false;
+  int32_t m_lMatches = 0;
+
+  Ref<platform::dao::Recordset> m_rsResults;
+  std::shared_ptr<FParser> m_frmParser;
+  Ref<platform::grammar::GrammarParser> parserXML;
+  Ref<platform::grammar::GrammarParser> parserBody;
+  Ref<platform::suite::CodeModelHelper> m_oCodeModel;
+  Ref<CEstimate> m_oEstimate;
+  Ref<CStatus> m_oStatus;
+};
+
+}  // namespace annotra

@@ -1,0 +1,134 @@
+#pragma once
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "analysis/AnalysisOptions.h"
+#include "platform/core/Ref.h"
+#include "platform/core/Variant.h"
+
+namespace platform::automation {
+class DTE;
+class Document;
+class Project;
+class ProjectItem;
+class ProjectItems;
+}  // namespace platform::automation
+namespace platform::codemodel {
+class CodeElement;
+}
+namespace platform::dao {
+class Workspace;
+class Database;
+}  // namespace platform::dao
+namespace platform::suite {
+class SettingsStore;
+}
+
+namespace annotra {
+
+/// The component's module of shared state and shared routines: the host's objects, the
+/// options of the running analysis, the documents it opened, the temporary results
+/// database, and the services more than one part of the system uses.
+namespace MGlobals {
+
+using platform::Ref;
+using platform::automation::Document;
+using platform::automation::DTE;
+using platform::automation::Project;
+using platform::automation::ProjectItem;
+using platform::automation::ProjectItems;
+using platform::codemodel::CodeElement;
+
+// The host's objects, set once by the host and held, never closed.
+extern Ref<DTE> DTEObject;
+extern std::shared_ptr<platform::Dispatch> AddInObject;
+extern std::shared_ptr<platform::suite::SettingsStore> AppSettingsObject_HKCU;
+extern std::shared_ptr<platform::suite::SettingsStore> AppSettingsObject_HKLM;
+extern Ref<platform::dao::Workspace> WorkspaceObject;
+extern Ref<platform::dao::Database> TeamDB;
+extern Ref<platform::dao::Database> PersonalDB;
+
+/// Documents the running analysis had to open itself, in the order opened; none
+/// (nullptr) outside an analysis.
+extern std::shared_ptr<std::vector<Ref<Document>>> OpenedDocuments;
+
+/// The options of the current analysis.
+extern AnalysisOptions g_AnalysisOptions;
+
+// Grammar files and the component's folder.
+/// GetAppPath() + "XML.GMR", computed once.
+std::string XMLGrammarFile();
+/// GetAppPath() + "SC.GMR", computed once.
+std::string StrConstsGrammarFile();
+/// The component's folder, ending in "/".
+std::string GetAppPath();
+/// The folder `folder` with one "/" added when it does not end in one.
+std::string WithTrailingSeparator(const std::string& folder);
+
+// Documents.
+/// The item's document, opening the item in the code view when it is not open (and then
+/// remembering it in OpenedDocuments). None when it cannot be opened.
+Ref<Document> GetDocument(const Ref<ProjectItem>& item);
+/// Closes every document in OpenedDocuments, in order; errors are ignored. The list is
+/// not emptied.
+void CloseOpenedDocuments();
+/// Whether the document shows code text: Visible of its first window whose object is a
+/// "TextWindow"; false when it has none.
+bool HasDocumentTextCodeVisible(const Ref<Document>& document);
+
+// Projects and items.
+/// False, after the message "No project currently open - cannot use this tool.", when
+/// the solution has no project.
+bool IsProjectOpen();
+/// The first project of the solution named `name` (exact), nested projects included,
+/// depth first in index order; none when there is none.
+Ref<Project> SearchProject(const std::string& name);
+void SearchProject_InProjects(const std::string& name, const Ref<Project>& project,
+                              Ref<Project>& found);
+void SearchProject_InProjectItems(const std::string& name, const Ref<ProjectItems>& items,
+                                  Ref<Project>& found);
+/// The item named `name` in the folder `path` ("A\B", "" for the project root) of the
+/// project; none when a step is missing.
+Ref<ProjectItem> FindProjectItem(const Ref<Project>& project, const std::string& name,
+                                 const std::string& path);
+/// The code-model language identifier of the item; "" when it has none.
+std::string GetItemLanguage(const Ref<ProjectItem>& item);
+
+// Visibility.
+/// True when the element's Access has flag 1 (public) or 8 (protected), or cannot be
+/// read.
+bool IsPublic(const Ref<CodeElement>& element);
+/// True when the element and every code element enclosing it are public.
+bool IsPublicInScope(const Ref<CodeElement>& element);
+
+// Check-box settings of section "CommentsAnalyzer".
+/// 1 when the stored value (or `def`) is non-zero, else 0.
+int16_t GetCheckBoxData(const std::string& key, const platform::Variant& def);
+/// Stores the integer 1 when `value` is 1, else 0.
+void SetCheckBoxData(const std::string& key, int16_t value);
+
+// The temporary results database (src/results/MGlobals_ResultsDb.cpp). Its state lives
+// here so that ResetForTesting can forget it.
+extern Ref<platform::dao::Database> g_XMLAnalyzerDb;
+extern std::string g_XMLAnalyzerDbFile;
+/// The results database, created and opened on first use; none when creation failed.
+Ref<platform::dao::Database> XMLAnalyzerDb();
+bool XMLAnalyzerDb_IsCreated();
+/// The results database file; "" before the first XMLAnalyzerDb.
+std::string XMLAnalyzerDbFile();
+/// Creates the database file at `path` with its two tables and property; false when the
+/// file could not be created in 5000 attempts.
+bool CreateXMLAnalyzerTempDatabase(std::string& path);
+/// Empties "XMLAnalyzer1" and reopens the database; errors are ignored.
+void ClearXMLAnalyzerDb();
+/// Drops the reference to the results database object.
+void EraseXMLAnalyzerDbObject();
+
+/// Forgets all module state: the host's objects, the results database object and file,
+/// and the cached grammar paths. For the end of a run and for tests.
+void ResetForTesting();
+
+}  // namespace MGlobals
+}  // namespace annotra
