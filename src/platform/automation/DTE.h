@@ -1,0 +1,75 @@
+#pragma once
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/core/Ref.h"
+
+namespace platform::automation {
+
+class Document;
+class Project;
+class Solution;
+class StatusBar;
+class Window;
+class Windows;
+
+/// The open documents, 1-based, in the order they were opened.
+class Documents : public Dispatch {
+ public:
+  explicit Documents(std::vector<Ref<Document>> items) : m_items(std::move(items)) {}
+  const char* TypeName() const override { return "Documents"; }
+  int Count() const { return static_cast<int>(m_items.size()); }
+  /// Document `index` (1-based); fails with 5 outside 1..Count().
+  Ref<Document> Item(int index) const;
+  auto begin() const { return m_items.begin(); }
+  auto end() const { return m_items.end(); }
+
+ private:
+  std::vector<Ref<Document>> m_items;
+};
+
+/// The development environment: the solution, the open documents and windows, the
+/// status bar, and the state the host sets (active document, caret, selection in the
+/// solution).
+class DTE : public Dispatch, public std::enable_shared_from_this<DTE> {
+ public:
+  DTE();
+  const char* TypeName() const override { return "DTE"; }
+
+  Ref<automation::Solution> Solution() const { return m_solution; }
+  /// The open documents.
+  Ref<automation::Documents> Documents() const;
+  /// The active document; none when there is none.
+  Ref<Document> ActiveDocument() const { return m_activeDocument; }
+  /// The projects (or solution folders) selected in the solution window.
+  std::vector<Ref<Project>> ActiveSolutionProjects() const { return m_selectedProjects; }
+  /// Every window: those of the open documents and the tool windows.
+  Ref<automation::Windows> Windows() const;
+  Ref<automation::StatusBar> StatusBar() const { return m_statusBar; }
+
+  // --- The host's state ------------------------------------------------------------------
+  void SetSolution(Ref<automation::Solution> solution) { m_solution = std::move(solution); }
+  /// Makes `document` the active one (none: no active document). It must be open.
+  void SetActiveDocument(Ref<Document> document) { m_activeDocument = std::move(document); }
+  void SetSelectedProjects(std::vector<Ref<Project>> projects) {
+    m_selectedProjects = std::move(projects);
+  }
+  void AddToolWindow(Ref<Window> window) { m_toolWindows.push_back(std::move(window)); }
+
+  // --- For documents ---------------------------------------------------------------------
+  void DocumentOpened(const Ref<Document>& document);
+  void DocumentClosed(const Document* document);
+  bool IsOpen(const Document* document) const;
+
+ private:
+  Ref<automation::Solution> m_solution;
+  std::vector<Ref<Document>> m_open;
+  Ref<Document> m_activeDocument;
+  std::vector<Ref<Project>> m_selectedProjects;
+  std::vector<Ref<Window>> m_toolWindows;
+  Ref<automation::StatusBar> m_statusBar;
+};
+
+}  // namespace platform::automation

@@ -1,0 +1,12 @@
+#pragma once
+#include "platform/codemodel/LanguageParser.h"
+
+namespace platform::codemodel {
+
+/// The C# declaration parser.
+class CSharpParser : public LanguageParser {
+ public:
+  void Parse(FileCodeModel& model, const PreprocessorSymbols& symbols) const override;
+};
+
+}  // namespace platform::codemodel
