@@ -24,7 +24,9 @@ class Database;
 }  // namespace platform::dao
 namespace platform::suite {
 class SettingsStore;
-}
+class ServiceObject;
+class CodeModelHelper;
+}  // namespace platform::suite
 
 namespace annotra {
 
@@ -56,6 +58,11 @@ extern std::shared_ptr<std::vector<Ref<Document>>> OpenedDocuments;
 
 /// The options of the current analysis.
 extern AnalysisOptions g_AnalysisOptions;
+
+/// The support library's service object, made on first use and kept.
+Ref<platform::suite::ServiceObject> Service();
+/// The support library's code-model helper, made on first use and kept.
+Ref<platform::suite::CodeModelHelper> CodeModelHelper();
 
 // Grammar files and the component's folder.
 /// GetAppPath() + "XML.GMR", computed once.

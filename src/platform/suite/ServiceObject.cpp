@@ -1,0 +1,66 @@
+#include "platform/suite/ServiceObject.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "platform/automation/Document.h"
+#include "platform/automation/Project.h"
+#include "platform/automation/ProjectItem.h"
+#include "platform/automation/TextDocument.h"
+#include "platform/automation/TextPoint.h"
+#include "platform/codemodel/FileCodeModel.h"
+#include "platform/core/Error.h"
+#include "platform/suite/ErrorReport.h"
+
+namespace platform::suite {
+
+namespace fs = std::filesystem;
+
+void ServiceObject::ReportError(const std::string& message, const std::string& source, int line,
+                                bool flag) {
+  ErrorReport::Current().Report(message, source, line, flag);
+}
+
+std::string ServiceObject::DataFolder() const {
+  std::string folder;
+  if (const char* home = std::getenv("ANNOTRA_HOME"); home && *home) folder = home;
+  else if (const char* xdg = std::getenv("XDG_CONFIG_HOME"); xdg && *xdg) folder = std::string(xdg) + "/annotra";
+  else if (const char* user = std::getenv("HOME"); user && *user) folder = std::string(user) + "/.config/annotra";
+  else folder = ".annotra";
+  if (folder.back() != '/') folder += '/';
+  return folder;
+}
+
+std::string ServiceObject::ResultsFolder() const { return DataFolder() + "Results/"; }
+
+bool ServiceObject::EnsureFolder(const std::string& folder) const {
+  std::error_code ec;
+  fs::create_directories(folder, ec);
+  return fs::is_directory(folder, ec);
+}
+
+std::string ServiceObject::ItemDisplayName(const Ref<automation::ProjectItem>& item) const {
+  auto project = item->ContainingProject();
+  if (!project || project->fullName().empty()) return item->Name();
+  std::error_code ec;
+  auto relative = fs::path(item->path()).lexically_relative(project->fullName().parent_path());
+  if (relative.empty() || *relative.begin() == "..") return item->Name();
+  return relative.generic_string();
+}
+
+Ref<codemodel::CodeElement> ServiceObject::CodeElementAtCaret(
+    const Ref<automation::Document>& document, const Ref<automation::TextPoint>& point,
+    int option) const {
+  if (option != 130) throw Error(err::kInvalidCall);
+  auto model = document->CodeModel();
+  if (!model) return nullptr;
+  int line = point ? point->Line() : document->Object("TextDocument")->Selection()->CurrentLine();
+  return model->CodeElementFromLine(line);
+}
+
+bool FileObject::FileExists(const std::string& path) const {
+  std::error_code ec;
+  return fs::is_regular_file(path, ec);
+}
+
+}  // namespace platform::suite
