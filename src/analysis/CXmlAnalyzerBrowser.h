@@ -90,7 +90,18 @@ class CXmlAnalyzerBrowser {
   /// The required-tag items: "XMLCheck" split at every "|".
   std::vector<std::string> XMLCheckItems;
 
+  /// Walks the scope `scope` (the values of "LastScope"): 0 the method at the caret, 1 the
+  /// active document, 2 the open documents, 3 the current project, 4 the solution, 6 the
+  /// current solution folder; other values walk nothing.
+  void WalkScope(int32_t scope);
+
  protected:
+  /// What every walk needs around it: a new list of opened documents, the code-model
+  /// helper, estimate and status objects (BeginWalk); their release and the closing of
+  /// the documents the walk opened (EndWalk).
+  void BeginWalk();
+  void EndWalk();
+
   /// The language identifier of the document being walked.
   std::string m_sLanguage;
   bool m_bCancelled = false;
