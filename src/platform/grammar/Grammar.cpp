@@ -1,0 +1,303 @@
+#include "platform/grammar/Grammar.h"
+
+#include <cctype>
+#include <functional>
+
+namespace platform::grammar {
+
+int32_t Grammar::FindRule(const std::string& name) const {
+  auto dot = name.find('.');
+  if (dot != std::string::npos) {
+    std::string g = name.substr(0, dot), r = name.substr(dot + 1);
+    for (size_t i = 0; i < rules.size(); ++i)
+      if (rules[i].grammar == g && rules[i].name == r) return static_cast<int32_t>(i);
+    return -1;
+  }
+  int32_t found = -1;
+  for (size_t i = 0; i < rules.size(); ++i) {
+    if (rules[i].name != name) continue;
+    if (found >= 0) return -1;  // ambiguous without its grammar
+    found = static_cast<int32_t>(i);
+  }
+  return found;
+}
+
+int32_t Grammar::FindNameId(const std::string& name) const {
+  for (size_t i = 0; i < names.size(); ++i)
+    if (names[i] == name) return static_cast<int32_t>(i);
+  return -1;
+}
+
+int32_t Grammar::AddExpr(Op op, int32_t line, int32_t column) {
+  Expr e;
+  e.op = op;
+  e.line = line;
+  e.column = column;
+  exprs.push_back(e);
+  return static_cast<int32_t>(exprs.size() - 1);
+}
+
+int32_t Grammar::AddClass(const ByteClass& c) {
+  classes.push_back(c);
+  return static_cast<int32_t>(classes.size() - 1);
+}
+
+int32_t Grammar::AddLiteral(std::string text) {
+  literals.push_back(std::move(text));
+  return static_cast<int32_t>(literals.size() - 1);
+}
+
+std::string Grammar::Where(int32_t line, int32_t column) const {
+  return source + ":" + std::to_string(line) + ":" + std::to_string(column) + ": ";
+}
+
+bool Grammar::Analyse(std::string& error) {
+  names.clear();
+  for (auto& r : rules) {
+    int32_t id = FindNameId(r.name);
+    if (id < 0) {
+      names.push_back(r.name);
+      id = static_cast<int32_t>(names.size() - 1);
+    }
+    r.nameId = id;
+    r.makesNode = r.name.empty() || r.name[0] != '_';
+  }
+  ComputeNullable();
+  if (!CheckLeftRecursion(error)) return false;
+  if (!CheckRepetitions(error)) return false;
+  ComputeFirstSets();
+  Rewrite();
+  // A rule is memoised when its body refers to another rule: only those can be worth
+  // re-using, and memoising them is what bounds backtracking to linear time.
+  for (auto& r : rules) {
+    std::vector<int32_t> todo{r.body};
+    r.memoize = false;
+    while (!todo.empty() && !r.memoize) {
+      int32_t e = todo.back();
+      todo.pop_back();
+      if (exprs[e].op == Op::Rule) r.memoize = true;
+      for (int32_t k = 0; k < exprs[e].count; ++k) todo.push_back(kids[exprs[e].first + k]);
+    }
+  }
+  return true;
+}
+
+bool Grammar::ComputeNullable() {
+  for (auto& e : exprs) e.nullable = false;
+  for (auto& r : rules) r.nullable = false;
+  bool changed = true;
+  while (changed) {
+    changed = false;
+    for (auto& e : exprs) {
+      bool n = false;
+      switch (e.op) {
+        case Op::Empty: case Op::Star: case Op::Optional: case Op::And: case Op::Not:
+        case Op::ClassStar: case Op::ScanUntil:
+          n = true;
+          break;
+        case Op::Literal: case Op::LiteralI: n = literals[e.arg].empty(); break;
+        case Op::Class: case Op::Any: case Op::ClassPlus: n = false; break;
+        case Op::Seq:
+          n = true;
+          for (int32_t k = 0; k < e.count; ++k) n = n && exprs[kids[e.first + k]].nullable;
+          break;
+        case Op::Choice:
+          for (int32_t k = 0; k < e.count; ++k) n = n || exprs[kids[e.first + k]].nullable;
+          break;
+        case Op::Plus: case Op::Capture: n = exprs[kids[e.first]].nullable; break;
+        case Op::Rule: n = rules[e.arg].nullable; break;
+      }
+      if (n && !e.nullable) {
+        e.nullable = true;
+        changed = true;
+      }
+    }
+    for (auto& r : rules) {
+      if (exprs[r.body].nullable && !r.nullable) {
+        r.nullable = true;
+        changed = true;
+      }
+    }
+  }
+  return true;
+}
+
+bool Grammar::CheckLeftRecursion(std::string& error) {
+  // The rules each rule can call before it has consumed anything.
+  std::vector<std::vector<int32_t>> left(rules.size());
+  std::function<void(int32_t, std::vector<int32_t>&)> collect = [&](int32_t e,
+                                                                     std::vector<int32_t>& out) {
+    const Expr& x = exprs[e];
+    switch (x.op) {
+      case Op::Rule: out.push_back(x.arg); break;
+      case Op::Seq:
+        for (int32_t k = 0; k < x.count; ++k) {
+          int32_t kid = kids[x.first + k];
+          collect(kid, out);
+          if (!exprs[kid].nullable) break;
+        }
+        break;
+      case Op::Choice: case Op::Star: case Op::Plus: case Op::Optional: case Op::And:
+      case Op::Not: case Op::Capture:
+        for (int32_t k = 0; k < x.count; ++k) collect(kids[x.first + k], out);
+        break;
+      default: break;
+    }
+  };
+  for (size_t i = 0; i < rules.size(); ++i) collect(rules[i].body, left[i]);
+  // Depth-first search for a cycle; state 1 = on the path, 2 = done.
+  std::vector<int> state(rules.size(), 0);
+  std::function<int32_t(int32_t)> visit = [&](int32_t r) -> int32_t {
+    state[r] = 1;
+    for (int32_t to : left[r]) {
+      if (state[to] == 1) return to;
+      if (state[to] == 0) {
+        int32_t c = visit(to);
+        if (c >= 0) return c;
+      }
+    }
+    state[r] = 2;
+    return -1;
+  };
+  for (size_t i = 0; i < rules.size(); ++i) {
+    if (state[i] != 0) continue;
+    int32_t c = visit(static_cast<int32_t>(i));
+    if (c >= 0) {
+      error = Where(rules[c].line, rules[c].column) + "rule '" + rules[c].name +
+              "' is left-recursive";
+      return false;
+    }
+  }
+  return true;
+}
+
+bool Grammar::CheckRepetitions(std::string& error) {
+  for (const auto& e : exprs) {
+    if ((e.op == Op::Star || e.op == Op::Plus) && exprs[kids[e.first]].nullable) {
+      error = Where(e.line, e.column) + "repetition of an expression that can match nothing";
+      return false;
+    }
+  }
+  return true;
+}
+
+void Grammar::ComputeFirstSets() {
+  std::vector<ByteClass> first(exprs.size(), ByteClass{});
+  std::vector<ByteClass> ruleFirst(rules.size(), ByteClass{});
+  auto merge = [](ByteClass& into, const ByteClass& from) {
+    bool changed = false;
+    for (int i = 0; i < 256; ++i)
+      if (from[i] && !into[i]) into[i] = 1, changed = true;
+    return changed;
+  };
+  bool changed = true;
+  while (changed) {
+    changed = false;
+    for (size_t i = 0; i < exprs.size(); ++i) {
+      const Expr& e = exprs[i];
+      ByteClass f{};
+      switch (e.op) {
+        case Op::Literal:
+          if (!literals[e.arg].empty()) f[static_cast<uint8_t>(literals[e.arg][0])] = 1;
+          break;
+        case Op::LiteralI:
+          if (!literals[e.arg].empty()) {
+            unsigned char c = static_cast<unsigned char>(literals[e.arg][0]);
+            f[std::tolower(c)] = 1;
+            f[std::toupper(c)] = 1;
+          }
+          break;
+        case Op::Class: case Op::ClassStar: case Op::ClassPlus: f = classes[e.arg]; break;
+        case Op::Any: case Op::ScanUntil: f.fill(1); break;
+        case Op::Seq:
+          for (int32_t k = 0; k < e.count; ++k) {
+            int32_t kid = kids[e.first + k];
+            merge(f, first[kid]);
+            if (!exprs[kid].nullable) break;
+          }
+          break;
+        case Op::Choice: case Op::Star: case Op::Plus: case Op::Optional: case Op::Capture:
+          for (int32_t k = 0; k < e.count; ++k) merge(f, first[kids[e.first + k]]);
+          break;
+        case Op::Rule: f = ruleFirst[e.arg]; break;
+        case Op::Empty: case Op::And: case Op::Not: break;  // nullable: always tried
+      }
+      if (merge(first[i], f)) changed = true;
+    }
+    for (size_t r = 0; r < rules.size(); ++r)
+      if (merge(ruleFirst[r], first[rules[r].body])) changed = true;
+  }
+  for (size_t i = 0; i < exprs.size(); ++i) exprs[i].firstSet = AddClass(first[i]);
+  for (size_t r = 0; r < rules.size(); ++r) rules[r].firstSet = AddClass(ruleFirst[r]);
+}
+
+bool Grammar::IsByteClass(int32_t e, ByteClass& out, int depth) const {
+  if (depth > 8) return false;
+  const Expr& x = exprs[e];
+  out.fill(0);
+  switch (x.op) {
+    case Op::Class: out = classes[x.arg]; return true;
+    case Op::Any: out.fill(1); return true;
+    case Op::Literal:
+      if (literals[x.arg].size() != 1) return false;
+      out[static_cast<uint8_t>(literals[x.arg][0])] = 1;
+      return true;
+    case Op::LiteralI: {
+      if (literals[x.arg].size() != 1) return false;
+      unsigned char c = static_cast<unsigned char>(literals[x.arg][0]);
+      out[std::tolower(c)] = 1;
+      out[std::toupper(c)] = 1;
+      return true;
+    }
+    case Op::Choice: {
+      ByteClass all{}, one{};
+      for (int32_t k = 0; k < x.count; ++k) {
+        if (!IsByteClass(kids[x.first + k], one, depth + 1)) return false;
+        for (int i = 0; i < 256; ++i) all[i] |= one[i];
+      }
+      out = all;
+      return true;
+    }
+    case Op::Rule:
+      // A rule without a node of its own adds nothing but its bytes.
+      if (rules[x.arg].makesNode) return false;
+      return IsByteClass(rules[x.arg].body, out, depth + 1);
+    default: return false;
+  }
+}
+
+void Grammar::Rewrite() {
+  for (size_t i = 0; i < exprs.size(); ++i) {
+    Expr& e = exprs[i];
+    if (e.op != Op::Star && e.op != Op::Plus) continue;
+    int32_t kid = kids[e.first];
+    ByteClass c{};
+    if (IsByteClass(kid, c, 0)) {
+      e.op = e.op == Op::Star ? Op::ClassStar : Op::ClassPlus;
+      e.arg = AddClass(c);
+      e.count = 0;
+      continue;
+    }
+    // (!X .)* with X one byte of a class is the complement class; with X a literal it
+    // is a scan for that literal.
+    const Expr& k = exprs[kid];
+    if (k.op != Op::Seq || k.count != 2) continue;
+    const Expr& notE = exprs[kids[k.first]];
+    const Expr& anyE = exprs[kids[k.first + 1]];
+    if (notE.op != Op::Not || anyE.op != Op::Any) continue;
+    int32_t guarded = kids[notE.first];
+    if (IsByteClass(guarded, c, 0)) {
+      for (auto& b : c) b = !b;
+      e.op = e.op == Op::Star ? Op::ClassStar : Op::ClassPlus;
+      e.arg = AddClass(c);
+      e.count = 0;
+    } else if (e.op == Op::Star && exprs[guarded].op == Op::Literal &&
+               !literals[exprs[guarded].arg].empty()) {
+      e.op = Op::ScanUntil;
+      e.arg = exprs[guarded].arg;
+      e.count = 0;
+    }
+  }
+}
+
+}  // namespace platform::grammar

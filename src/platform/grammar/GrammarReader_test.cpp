@@ -1,0 +1,109 @@
+#include "platform/grammar/GrammarReader.h"
+
+#include <gtest/gtest.h>
+
+#include "testsupport/TempDir.h"
+
+namespace platform::grammar {
+namespace {
+
+std::string ErrorOf(const std::string& text) {
+  Grammar g;
+  std::string error;
+  EXPECT_FALSE(GrammarReader::Read(text, "t.gmr", g, error)) << text;
+  EXPECT_TRUE(g.rules.empty());
+  return error;
+}
+
+TEST(GrammarReaderTest, ReadsRulesOfSeveralGrammarsWithQualifiedReferences) {
+  Grammar g;
+  std::string error;
+  ASSERT_TRUE(GrammarReader::Read("# two grammars\n"
+                                  "grammar A\n"
+                                  "Start <- B.Word ('x' / \"y\"i)* _tail\n"
+                                  "_tail <- !. \n"
+                                  "grammar B\n"
+                                  "Word  <- < [a-z\\-]+ > &[ ]?\n",
+                                  "t.gmr", g, error))
+      << error;
+  ASSERT_EQ(g.rules.size(), 3u);
+  EXPECT_EQ(g.FindRule("A.Start"), 0);
+  EXPECT_EQ(g.FindRule("B.Word"), 2);
+  EXPECT_EQ(g.FindRule("Word"), 2);  // unique without its grammar
+  EXPECT_EQ(g.FindRule("A.Word"), -1);
+  EXPECT_FALSE(g.rules[1].makesNode);
+  EXPECT_TRUE(g.rules[0].makesNode);
+  EXPECT_TRUE(g.rules[0].memoize);
+  EXPECT_FALSE(g.rules[2].memoize);
+}
+
+TEST(GrammarReaderTest, AmbiguousBareNameFindsNothing) {
+  Grammar g;
+  std::string error;
+  ASSERT_TRUE(GrammarReader::Read("grammar A\nBody <- 'a'\ngrammar B\nBody <- 'b'\n", "t", g,
+                                  error));
+  EXPECT_EQ(g.FindRule("Body"), -1);
+  EXPECT_EQ(g.FindRule("B.Body"), 1);
+  EXPECT_EQ(g.rules[0].nameId, g.rules[1].nameId);
+}
+
+TEST(GrammarReaderTest, ReportsWhereTheGrammarIsWrong) {
+  EXPECT_EQ(ErrorOf("grammar G\nA <- B\n"), "t.gmr:2:6: undefined rule 'B'");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- X.B\ngrammar X\nC <- 'c'\n"),
+            "t.gmr:2:6: undefined rule 'X.B'");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- 'abc\n"), "t.gmr:2:6: unterminated literal");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- ('a' 'b'\n"), "t.gmr:3:1: expected ')'");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- < 'a'\n"), "t.gmr:3:1: expected '>' to close '<'");
+  EXPECT_EQ(ErrorOf("grammar G\nA 'a'\n"), "t.gmr:2:3: expected '<-' after the rule name 'A'");
+  EXPECT_EQ(ErrorOf("A <- 'a'\n"),
+            "t.gmr:1:1: rule 'A' outside of a grammar; expected 'grammar Name' first");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- 'a'\nA <- 'b'\n"),
+            "t.gmr:3:1: rule 'A' is defined twice in grammar 'G'");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- '\\q'\n"), "t.gmr:2:7: unknown escape '\\q'");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- [z-a]\n"), "t.gmr:2:6: class range out of order");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- [abc\n"), "t.gmr:2:6: unterminated class");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- 'a' )\n"), "t.gmr:2:10: unexpected ')'");
+  EXPECT_EQ(ErrorOf("grammar G\nA <-\n"), "t.gmr:3:1: rule 'A' has no expression");
+  EXPECT_EQ(ErrorOf(""), "t.gmr:1:1: no rules in the grammar file");
+  EXPECT_EQ(ErrorOf("grammar G\ngrammar G\nA <- 'a'"), "t.gmr:2:9: grammar 'G' is declared twice");
+}
+
+TEST(GrammarReaderTest, RefusesGrammarsThatWouldNeverEnd) {
+  EXPECT_EQ(ErrorOf("grammar G\nA <- B 'x'\nB <- 'y'? A\n"), "t.gmr:2:1: rule 'A' is left-recursive");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- A\n"), "t.gmr:2:1: rule 'A' is left-recursive");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- ('a'?)*\n"),
+            "t.gmr:2:6: repetition of an expression that can match nothing");
+  EXPECT_EQ(ErrorOf("grammar G\nA <- (!'a')+\n"),
+            "t.gmr:2:6: repetition of an expression that can match nothing");
+}
+
+TEST(GrammarReaderTest, RefusesDeepNestingInsteadOfOverflowing) {
+  std::string deep = "grammar G\nA <- " + std::string(5000, '(') + "'a'" + std::string(5000, ')');
+  EXPECT_NE(ErrorOf(deep).find("nested too deeply"), std::string::npos);
+}
+
+TEST(GrammarReaderTest, MissingOrUnreadableFileIsAnError) {
+  testsupport::TempDir dir;
+  Grammar g;
+  std::string error;
+  auto missing = (dir.path() / "none.gmr").string();
+  EXPECT_FALSE(GrammarReader::ReadFile(missing, g, error));
+  EXPECT_EQ(error, missing + ": cannot read the grammar file");
+  EXPECT_FALSE(GrammarReader::ReadFile(dir.path().string(), g, error));
+  auto bad = dir.Write("bad.gmr", "grammar G\nA <- B\n").string();
+  EXPECT_FALSE(GrammarReader::ReadFile(bad, g, error));
+  EXPECT_EQ(error, bad + ":2:6: undefined rule 'B'");
+}
+
+TEST(GrammarReaderTest, ShippedGrammarsLoad) {
+  for (const char* name : {"XML.GMR", "SC.GMR"}) {
+    Grammar g;
+    std::string error;
+    EXPECT_TRUE(GrammarReader::ReadFile(std::string(ANNOTRA_SOURCE_DIR) + "/resources/" + name, g,
+                                        error))
+        << error;
+  }
+}
+
+}  // namespace
+}  // namespace platform::grammar

@@ -1,0 +1,358 @@
+#include "platform/grammar/PegMatcher.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace platform::grammar {
+namespace {
+
+// Larger inputs are refused: positions and node ids are 32-bit.
+constexpr size_t kMaxInput = size_t{1} << 30;
+// Past this many memo entries no more are made: the budget still bounds the time.
+constexpr size_t kMaxMemo = size_t{1} << 24;
+
+inline uint64_t Hash(uint64_t key) { return key * 0x9E3779B97F4A7C15ull; }
+
+inline unsigned char Lower(unsigned char c) {
+  return (c >= 'A' && c <= 'Z') ? static_cast<unsigned char>(c + 32) : c;
+}
+
+}  // namespace
+
+bool PegMatcher::Parse(std::string_view text, int32_t startRule, ParseTree& tree) {
+  tree.Clear();
+  if (startRule < 0 || startRule >= static_cast<int32_t>(m_g.rules.size())) return false;
+  if (text.size() >= kMaxInput) return false;
+  m_in = reinterpret_cast<const unsigned char*>(text.data());
+  m_n = static_cast<int32_t>(text.size());
+  bool ok = Run(startRule, -1);
+  if (!ok && !m_aborted && m_farthest > 0) {
+    // Run again, stopping where the first run got farthest: what was matched on the
+    // way there is what the tree keeps.
+    Run(startRule, m_farthest);
+  }
+  Build(tree);
+  return ok && m_endOfMatch == m_n;
+}
+
+bool PegMatcher::Run(int32_t startRule, int32_t abortAt) {
+  m_nodes.clear();
+  m_lists.clear();
+  m_stack.clear();
+  if (++m_gen == 0) {
+    for (auto& m : m_memo) m.gen = 0;
+    m_gen = 1;
+  }
+  m_memoUsed = 0;
+  m_capStart = m_capEnd = -1;
+  m_depth = 0;
+  m_predicates = 0;
+  m_steps = 0;
+  m_budget = int64_t{256} * (m_n + 1) + (int64_t{1} << 20);
+  m_maxNodes = size_t{16} * static_cast<size_t>(m_n + 1) + (size_t{1} << 20);
+  m_farthest = 0;
+  m_abortAt = abortAt;
+  m_aborted = false;
+  m_abortPos = 0;
+  m_endOfMatch = EvalRule(startRule, 0);
+  return m_endOfMatch >= 0;
+}
+
+void PegMatcher::Abort(int32_t pos) {
+  if (m_aborted) return;
+  m_aborted = true;
+  m_abortPos = pos;
+}
+
+int32_t PegMatcher::Consumed(int32_t end) {
+  if (m_predicates == 0) {
+    if (end > m_farthest) m_farthest = end;
+    if (m_abortAt > 0 && end >= m_abortAt) {
+      Abort(end);
+      return -1;
+    }
+  }
+  return end;
+}
+
+PegMatcher::Memo* PegMatcher::Find(uint64_t key) {
+  if (m_memo.empty()) return nullptr;
+  size_t mask = m_memo.size() - 1;
+  for (size_t h = Hash(key) >> 20 & mask;; h = (h + 1) & mask) {
+    Memo& m = m_memo[h];
+    if (m.gen != m_gen) return nullptr;
+    if (m.key == key) return &m;
+  }
+}
+
+PegMatcher::Memo* PegMatcher::Insert(uint64_t key) {
+  if (m_memoUsed >= kMaxMemo) return nullptr;
+  if ((m_memoUsed + 1) * 2 > m_memo.size()) {
+    std::vector<Memo> old;
+    old.swap(m_memo);
+    m_memo.assign(old.empty() ? 1024 : old.size() * 2, Memo{});
+    size_t mask = m_memo.size() - 1;
+    for (const Memo& m : old) {
+      if (m.gen != m_gen) continue;
+      size_t h = Hash(m.key) >> 20 & mask;
+      while (m_memo[h].gen == m_gen) h = (h + 1) & mask;
+      m_memo[h] = m;
+    }
+  }
+  size_t mask = m_memo.size() - 1;
+  size_t h = Hash(key) >> 20 & mask;
+  while (m_memo[h].gen == m_gen && m_memo[h].key != key) h = (h + 1) & mask;
+  Memo& m = m_memo[h];
+  if (m.gen != m_gen) ++m_memoUsed;
+  m = Memo{};
+  m.key = key;
+  m.gen = m_gen;
+  return &m;
+}
+
+int32_t PegMatcher::MakeNode(int32_t rule, int32_t start, int32_t end, size_t mark,
+                             int32_t capStart, int32_t capEnd) {
+  WorkNode w;
+  w.rule = rule;
+  w.start = start;
+  w.end = end;
+  w.textStart = capStart >= 0 ? capStart : start;
+  w.textEnd = capStart >= 0 ? capEnd : end;
+  w.kidsOff = static_cast<int32_t>(m_lists.size());
+  w.kidsCount = static_cast<int32_t>(m_stack.size() - mark);
+  m_lists.insert(m_lists.end(), m_stack.begin() + static_cast<std::ptrdiff_t>(mark),
+                 m_stack.end());
+  Truncate(mark);
+  m_nodes.push_back(w);
+  return static_cast<int32_t>(m_nodes.size() - 1);
+}
+
+int32_t PegMatcher::EvalRule(int32_t r, int32_t pos) {
+  const Rule& rule = m_g.rules[r];
+  if (!rule.nullable && (pos >= m_n || !m_g.classes[rule.firstSet][m_in[pos]])) return -1;
+  uint64_t key = (static_cast<uint64_t>(r) << 32) | static_cast<uint32_t>(pos);
+  if (rule.memoize) {
+    if (const Memo* hit = Find(key)) {
+      if (hit->end < 0) return -1;
+      if (hit->node >= 0) {
+        m_stack.push_back(hit->node);
+      } else {
+        for (int32_t i = 0; i < hit->count; ++i) m_stack.push_back(m_lists[hit->off + i]);
+        m_steps += hit->count;
+        if (hit->capStart >= 0 && m_capStart < 0) {
+          m_capStart = hit->capStart;
+          m_capEnd = hit->capEnd;
+        }
+      }
+      return hit->end > pos ? Consumed(hit->end) : hit->end;
+    }
+  }
+  if (m_nodes.size() >= m_maxNodes) {
+    Abort(pos);
+    return -1;
+  }
+  size_t mark = m_stack.size();
+  int32_t outerStart = m_capStart, outerEnd = m_capEnd;
+  m_capStart = m_capEnd = -1;
+  int32_t end = Eval(rule.body, pos);
+  int32_t capStart = m_capStart, capEnd = m_capEnd;
+  m_capStart = outerStart;
+  m_capEnd = outerEnd;
+  if (m_aborted) {
+    // Stopped inside: the node keeps what it matched so far.
+    if (rule.makesNode)
+      m_stack.push_back(MakeNode(r, pos, std::max(pos, m_abortPos), mark, capStart, capEnd));
+    return -1;
+  }
+  if (end < 0) {
+    Truncate(mark);
+    if (rule.memoize)
+      if (Memo* m = Insert(key)) m->end = -1;
+    return -1;
+  }
+  if (rule.makesNode) {
+    int32_t id = MakeNode(r, pos, end, mark, capStart, capEnd);
+    m_stack.push_back(id);
+    if (rule.memoize)
+      if (Memo* m = Insert(key)) m->end = end, m->node = id;
+    return end;
+  }
+  if (capStart >= 0 && m_capStart < 0) {
+    m_capStart = capStart;
+    m_capEnd = capEnd;
+  }
+  if (rule.memoize) {
+    int32_t off = static_cast<int32_t>(m_lists.size());
+    int32_t count = static_cast<int32_t>(m_stack.size() - mark);
+    m_lists.insert(m_lists.end(), m_stack.begin() + static_cast<std::ptrdiff_t>(mark),
+                   m_stack.end());
+    if (Memo* m = Insert(key)) {
+      m->end = end;
+      m->off = off;
+      m->count = count;
+      m->capStart = capStart;
+      m->capEnd = capEnd;
+    }
+  }
+  return end;
+}
+
+int32_t PegMatcher::Eval(int32_t e, int32_t pos) {
+  if (++m_steps > m_budget || m_depth >= kMaxDepth) {
+    Abort(pos);
+    return -1;
+  }
+  ++m_depth;
+  int32_t r = Dispatch(e, pos);
+  --m_depth;
+  return r;
+}
+
+int32_t PegMatcher::Dispatch(int32_t e, int32_t pos) {
+  const Expr& x = m_g.exprs[e];
+  switch (x.op) {
+    case Op::Empty:
+      return pos;
+    case Op::Literal: {
+      const std::string& s = m_g.literals[x.arg];
+      int32_t len = static_cast<int32_t>(s.size());
+      if (len > m_n - pos || std::memcmp(m_in + pos, s.data(), s.size()) != 0) return -1;
+      return len ? Consumed(pos + len) : pos;
+    }
+    case Op::LiteralI: {
+      const std::string& s = m_g.literals[x.arg];
+      int32_t len = static_cast<int32_t>(s.size());
+      if (len > m_n - pos) return -1;
+      for (int32_t i = 0; i < len; ++i)
+        if (Lower(m_in[pos + i]) != Lower(static_cast<unsigned char>(s[i]))) return -1;
+      return len ? Consumed(pos + len) : pos;
+    }
+    case Op::Class:
+      if (pos < m_n && m_g.classes[x.arg][m_in[pos]]) return Consumed(pos + 1);
+      return -1;
+    case Op::Any:
+      if (pos < m_n) return Consumed(pos + 1);
+      return -1;
+    case Op::ClassStar:
+    case Op::ClassPlus: {
+      const ByteClass& c = m_g.classes[x.arg];
+      int32_t p = pos;
+      while (p < m_n && c[m_in[p]]) ++p;
+      m_steps += (p - pos) >> 3;  // long scans count against the budget too
+      if (p > pos) return Consumed(p);
+      return x.op == Op::ClassStar ? pos : -1;
+    }
+    case Op::ScanUntil: {
+      const std::string& s = m_g.literals[x.arg];
+      std::string_view rest(reinterpret_cast<const char*>(m_in) + pos,
+                            static_cast<size_t>(m_n - pos));
+      size_t at = rest.find(s);
+      int32_t p = at == std::string_view::npos ? m_n : pos + static_cast<int32_t>(at);
+      m_steps += (p - pos) >> 3;
+      return p > pos ? Consumed(p) : pos;
+    }
+    case Op::Seq:
+      for (int32_t k = 0; k < x.count && pos >= 0; ++k) pos = Eval(m_g.kids[x.first + k], pos);
+      return pos;
+    case Op::Choice: {
+      size_t mark = m_stack.size();
+      int32_t cs = m_capStart, ce = m_capEnd;
+      bool atEnd = pos >= m_n;
+      unsigned char c = atEnd ? 0 : m_in[pos];
+      for (int32_t k = 0; k < x.count; ++k) {
+        int32_t kid = m_g.kids[x.first + k];
+        const Expr& alt = m_g.exprs[kid];
+        if (!alt.nullable && (atEnd || !m_g.classes[alt.firstSet][c])) continue;
+        int32_t r = Eval(kid, pos);
+        if (r >= 0) return r;
+        if (m_aborted) return -1;
+        Truncate(mark);
+        m_capStart = cs;
+        m_capEnd = ce;
+      }
+      return -1;
+    }
+    case Op::Plus: {
+      int32_t r = Eval(m_g.kids[x.first], pos);
+      if (r <= pos) return r;
+      pos = r;
+      [[fallthrough]];
+    }
+    case Op::Star: {
+      int32_t kid = m_g.kids[x.first];
+      for (;;) {
+        size_t mark = m_stack.size();
+        int32_t cs = m_capStart, ce = m_capEnd;
+        int32_t r = Eval(kid, pos);
+        if (r < 0) {
+          if (m_aborted) return -1;
+          Truncate(mark);
+          m_capStart = cs;
+          m_capEnd = ce;
+          return pos;
+        }
+        if (r == pos) return pos;  // no progress: stop rather than loop
+        pos = r;
+      }
+    }
+    case Op::Optional: {
+      size_t mark = m_stack.size();
+      int32_t cs = m_capStart, ce = m_capEnd;
+      int32_t r = Eval(m_g.kids[x.first], pos);
+      if (r >= 0) return r;
+      if (m_aborted) return -1;
+      Truncate(mark);
+      m_capStart = cs;
+      m_capEnd = ce;
+      return pos;
+    }
+    case Op::And:
+    case Op::Not: {
+      size_t mark = m_stack.size();
+      int32_t cs = m_capStart, ce = m_capEnd;
+      ++m_predicates;
+      int32_t r = Eval(m_g.kids[x.first], pos);
+      --m_predicates;
+      Truncate(mark);
+      m_capStart = cs;
+      m_capEnd = ce;
+      if (m_aborted) return -1;
+      if (x.op == Op::And) return r >= 0 ? pos : -1;
+      return r >= 0 ? -1 : pos;
+    }
+    case Op::Rule:
+      return EvalRule(x.arg, pos);
+    case Op::Capture: {
+      int32_t r = Eval(m_g.kids[x.first], pos);
+      if (r >= 0 && m_capStart < 0) {
+        m_capStart = pos;
+        m_capEnd = r;
+      }
+      return r;
+    }
+  }
+  return -1;
+}
+
+void PegMatcher::Build(ParseTree& tree) {
+  tree.Clear();
+  m_todo.clear();
+  for (size_t i = m_stack.size(); i-- > 0;) m_todo.push_back({m_stack[i], 0});
+  while (!m_todo.empty()) {
+    auto [w, parent] = m_todo.back();
+    m_todo.pop_back();
+    const WorkNode& n = m_nodes[w];
+    ParseTree::Node node;
+    node.rule = n.rule;
+    node.start = n.start;
+    node.end = n.end;
+    node.textStart = n.textStart;
+    node.textEnd = n.textEnd;
+    node.parent = parent;
+    int32_t id = tree.Append(node);
+    for (int32_t k = n.kidsCount; k-- > 0;) m_todo.push_back({m_lists[n.kidsOff + k], id});
+  }
+  tree.Finish();
+}
+
+}  // namespace platform::grammar
