@@ -62,7 +62,9 @@ TEST_F(GrammarParserTest, TreeNavigation) {
     EXPECT_EQ(m_parser.ParentNode(bad), 0);
     EXPECT_EQ(m_parser.NextSibling(bad), 0);
     EXPECT_EQ(m_parser.Position(bad), 0);
-    if (bad != 0) EXPECT_EQ(m_parser.SearchBelow(bad, "word"), 0);  // 0 is the whole tree
+    if (bad != 0) {  // 0 is the whole tree
+      EXPECT_EQ(m_parser.SearchBelow(bad, "word"), 0);
+    }
   }
 }
 
