@@ -1,0 +1,288 @@
+#include "platform/dao/Recordset.h"
+
+#include "platform/core/Error.h"
+#include "platform/dao/Catalog.h"
+#include "platform/dao/Connection.h"
+#include "platform/dao/Statement.h"
+#include "platform/dao/TableDef.h"
+
+namespace platform::dao {
+
+Recordset::Recordset(std::shared_ptr<Connection> connection, Ref<TableDef> table, int type,
+                     int options)
+    : m_connection(std::move(connection)),
+      m_table(std::move(table)),
+      m_name(m_table->Name()),
+      m_type(type),
+      m_fields(std::make_shared<Collection<Field>>()) {
+  m_updatable = (type == dbOpenTable || type == dbOpenDynaset) && !(options & dbReadOnly) &&
+                !m_connection->ReadOnly();
+  std::string columns;
+  int i = 0;
+  for (auto& definition : *m_table->Fields()) {
+    auto field = std::make_shared<Field>(*definition);
+    field->Lock();
+    field->Attach(this, i);
+    m_fields->Load(field);
+    m_fieldList.push_back(field);
+    if ((field->Attributes() & dbAutoIncrField) && m_autoNumber < 0) m_autoNumber = i;
+    m_defaults.push_back(field->Attributes() & dbAutoIncrField ? Variant() : field->DefaultAsValue());
+    columns += (i ? ", " : "") + Catalog::Quote(field->Name());
+    ++i;
+  }
+  m_current.resize(m_fieldList.size());
+  m_dirty.assign(m_fieldList.size(), 0);
+  m_select = std::make_unique<Statement>(
+      *m_connection, "SELECT " + columns + " FROM " + QualifiedName() + " WHERE rowid=?1");
+  if (!(options & dbAppendOnly)) {
+    Statement keys(*m_connection, "SELECT rowid FROM " + QualifiedName() + " ORDER BY rowid");
+    while (keys.Step()) m_keys.push_back(keys.ColumnInt64(0));
+  }
+}
+
+Recordset::~Recordset() {
+  try {
+    Close();
+  } catch (const Error&) {
+    // A destructor cannot report; Close is where a failed commit is seen.
+  }
+}
+
+std::string Recordset::QualifiedName() const { return "main." + Catalog::Quote(m_name); }
+
+void Recordset::CheckOpen() const {
+  if (m_closed || !m_connection->IsOpen()) throw Error(err::kObjectInvalid);
+}
+
+Ref<Collection<Field>> Recordset::Fields() const {
+  CheckOpen();
+  return m_fields;
+}
+
+Ref<Field> Recordset::Fields(const std::string& name) const {
+  CheckOpen();
+  for (auto& field : m_fieldList)
+    if (SameName(field->Name(), name)) return field;
+  throw Error(err::kItemNotFound, "Item not found in this collection: '" + name + "'.");
+}
+
+Ref<Field> Recordset::Fields(int32_t index) const {
+  CheckOpen();
+  return m_fields->Item(index);
+}
+
+void Recordset::Discard() {
+  m_editMode = dbEditNone;
+}
+
+void Recordset::AddNew() {
+  CheckOpen();
+  if (!m_updatable) throw Error(err::kReadOnly);
+  m_edit = m_defaults;
+  std::fill(m_dirty.begin(), m_dirty.end(), 0);
+  m_editMode = dbEditAdd;
+}
+
+void Recordset::Edit() {
+  CheckOpen();
+  if (!m_updatable) throw Error(err::kReadOnly);
+  LoadCurrent();
+  m_edit = m_current;
+  std::fill(m_dirty.begin(), m_dirty.end(), 0);
+  m_editMode = dbEditInProgress;
+}
+
+void Recordset::CancelUpdate() {
+  CheckOpen();
+  if (m_editMode == dbEditNone) throw Error(err::kUpdateWithoutAddNew);
+  Discard();
+}
+
+Statement& Recordset::InsertStatement(bool withAutoNumber) {
+  auto& slot = withAutoNumber ? m_insertWithAutoNumber : m_insert;
+  if (!slot) {
+    std::string columns, values;
+    int n = 0;
+    for (size_t i = 0; i < m_fieldList.size(); ++i) {
+      if (static_cast<int>(i) == m_autoNumber && !withAutoNumber) continue;
+      columns += (n ? ", " : "") + Catalog::Quote(m_fieldList[i]->Name());
+      values += (n ? ", ?" : "?") + std::to_string(i + 1);
+      ++n;
+    }
+    slot = std::make_unique<Statement>(
+        *m_connection, "INSERT INTO " + QualifiedName() + "(" + columns + ") VALUES (" + values + ")");
+  }
+  return *slot;
+}
+
+void Recordset::Update() {
+  CheckOpen();
+  if (m_editMode == dbEditNone) throw Error(err::kUpdateWithoutAddNew);
+  for (size_t i = 0; i < m_fieldList.size(); ++i) {
+    const Field& field = *m_fieldList[i];
+    const Variant& value = m_edit[i];
+    if (static_cast<int>(i) == m_autoNumber && value.IsEmpty()) continue;
+    if (field.Required() && value.IsEmpty())
+      throw Error(err::kNullInRequiredField,
+                  "The field '" + m_name + "." + field.Name() +
+                      "' cannot contain a Null value because the Required property for this "
+                      "field is set to True.");
+    if (field.IsTextual() && !field.AllowZeroLength() &&
+        value.type() == Variant::Type::String && value.AsString().empty())
+      throw Error(err::kZeroLengthString,
+                  "Field '" + m_name + "." + field.Name() + "' cannot be a zero-length string.");
+  }
+
+  m_connection->BeginImplicitWrite();
+  if (m_editMode == dbEditAdd) {
+    bool withAutoNumber = m_autoNumber >= 0 && !m_edit[static_cast<size_t>(m_autoNumber)].IsEmpty();
+    Statement& insert = InsertStatement(withAutoNumber);
+    for (size_t i = 0; i < m_fieldList.size(); ++i) {
+      if (static_cast<int>(i) == m_autoNumber && !withAutoNumber) continue;
+      const Variant& value = m_edit[i];
+      int parameter = static_cast<int>(i) + 1;
+      if (value.type() == Variant::Type::String)
+        insert.BindTextStatic(parameter, value.AsString());  // m_edit outlives the step
+      else
+        insert.Bind(parameter, value);
+    }
+    try {
+      insert.Step();
+    } catch (const Error&) {
+      insert.Reset();
+      throw;
+    }
+    insert.Reset();
+    m_keys.push_back(m_connection->LastInsertRowId());
+  } else {
+    std::string sql = "UPDATE " + QualifiedName() + " SET ";
+    int n = 0;
+    for (size_t i = 0; i < m_fieldList.size(); ++i) {
+      if (!m_dirty[i]) continue;
+      sql += (n ? ", " : "") + Catalog::Quote(m_fieldList[i]->Name()) + "=?" + std::to_string(i + 1);
+      ++n;
+    }
+    if (n > 0) {
+      Statement update(*m_connection, sql + " WHERE rowid=?" + std::to_string(m_fieldList.size() + 1));
+      for (size_t i = 0; i < m_fieldList.size(); ++i)
+        if (m_dirty[i]) update.Bind(static_cast<int>(i) + 1, m_edit[i]);
+      update.BindInt64(static_cast<int>(m_fieldList.size()) + 1, m_keys[static_cast<size_t>(m_position)]);
+      update.Step();
+      if (m_autoNumber >= 0 && m_dirty[static_cast<size_t>(m_autoNumber)])
+        m_keys[static_cast<size_t>(m_position)] = m_edit[static_cast<size_t>(m_autoNumber)].AsLong();
+    }
+    m_currentLoaded = false;
+  }
+  m_connection->EndImplicitWrite();
+  Discard();
+}
+
+void Recordset::LoadCurrent() {
+  CheckOpen();
+  if (m_position < 0 || m_position >= static_cast<int64_t>(m_keys.size()))
+    throw Error(err::kNoCurrentRecord);
+  if (m_currentLoaded) return;
+  m_select->Reset();
+  m_select->BindInt64(1, m_keys[static_cast<size_t>(m_position)]);
+  bool found = m_select->Step();
+  if (found)
+    for (size_t i = 0; i < m_fieldList.size(); ++i) {
+      Variant value = m_select->ColumnVariant(static_cast<int>(i));
+      if (m_fieldList[i]->Type() == dbBoolean && !value.IsEmpty() &&
+          value.type() != Variant::Type::String)
+        value = Variant(ToDouble(value) != 0);
+      m_current[i] = std::move(value);
+    }
+  // Reset at once: a statement left in the middle of a read would keep the file locked.
+  m_select->Reset();
+  if (!found) throw Error(err::kRecordDeleted);
+  m_currentLoaded = true;
+}
+
+Variant Recordset::ReadValue(int index) {
+  CheckOpen();
+  if (m_editMode != dbEditNone) return m_edit[static_cast<size_t>(index)];
+  LoadCurrent();
+  return m_current[static_cast<size_t>(index)];
+}
+
+void Recordset::WriteValue(int index, const Variant& value) {
+  CheckOpen();
+  if (m_editMode == dbEditNone) throw Error(err::kUpdateWithoutAddNew);
+  if (index == m_autoNumber) throw Error(err::kReadOnly, "Field '" + m_fieldList[static_cast<size_t>(index)]->Name() + "' cannot be updated.");
+  m_edit[static_cast<size_t>(index)] = m_fieldList[static_cast<size_t>(index)]->Coerce(value);
+  m_dirty[static_cast<size_t>(index)] = 1;
+}
+
+void Recordset::MoveFirst() {
+  CheckOpen();
+  Discard();
+  if (m_keys.empty()) throw Error(err::kNoCurrentRecord);
+  m_position = 0;
+  m_currentLoaded = false;
+}
+
+void Recordset::MoveLast() {
+  CheckOpen();
+  Discard();
+  if (m_keys.empty()) throw Error(err::kNoCurrentRecord);
+  m_position = static_cast<int64_t>(m_keys.size()) - 1;
+  m_currentLoaded = false;
+}
+
+void Recordset::MoveNext() {
+  CheckOpen();
+  Discard();
+  if (Eof()) throw Error(err::kNoCurrentRecord);
+  ++m_position;
+  m_currentLoaded = false;
+}
+
+void Recordset::MovePrevious() {
+  CheckOpen();
+  Discard();
+  if (Bof()) throw Error(err::kNoCurrentRecord);
+  --m_position;
+  m_currentLoaded = false;
+}
+
+bool Recordset::Eof() const {
+  CheckOpen();
+  return m_keys.empty() || m_position >= static_cast<int64_t>(m_keys.size());
+}
+
+bool Recordset::Bof() const {
+  CheckOpen();
+  return m_keys.empty() || m_position < 0;
+}
+
+int32_t Recordset::RecordCount() const {
+  CheckOpen();
+  return static_cast<int32_t>(m_keys.size());
+}
+
+int32_t Recordset::AbsolutePosition() const {
+  CheckOpen();
+  if (m_position < 0 || m_position >= static_cast<int64_t>(m_keys.size())) return -1;
+  return static_cast<int32_t>(m_position);
+}
+
+void Recordset::SetAbsolutePosition(int32_t position) {
+  CheckOpen();
+  if (position < 0 || position >= static_cast<int32_t>(m_keys.size())) throw Error(err::kInvalidArgument);
+  Discard();
+  m_position = position;
+  m_currentLoaded = false;
+}
+
+void Recordset::Close() {
+  if (m_closed) return;
+  m_closed = true;
+  for (auto& field : m_fieldList) field->Attach(nullptr, 0);
+  m_select.reset();
+  m_insert.reset();
+  m_insertWithAutoNumber.reset();
+  if (m_connection->IsOpen()) m_connection->FlushImplicit();
+}
+
+}  // namespace platform::dao
