@@ -58,18 +58,21 @@ class Collection {
     return false;
   }
 
-  /// Appends `item`: 91 when there is none, 3367 when an object of that name is already
-  /// here, 3001 when it has no name; then the hook (whose error stops the append).
+  /// Appends `item`: 91 when there is none, 3367 (or the owner's number) when an object
+  /// of that name is already here, 3001 when it has no name; then the hook (whose error stops the append).
   void Append(const Ref<T>& item) {
     if (!item) throw Error(err::kObjectNotSet);
     if (item->Name().empty()) throw Error(err::kInvalidArgument);
-    if (Contains(item->Name())) throw Error(err::kObjectExists);
+    if (Contains(item->Name())) throw Error(m_duplicateError);
     if (m_onAppend) m_onAppend(item);
     m_items.push_back(item);
   }
 
   /// For the owner: installs what Append does before the object joins.
   void SetAppendHook(Hook hook) { m_onAppend = std::move(hook); }
+  /// For the owner: the error of appending a name already here (3367 unless set; 3010
+  /// for tables).
+  void SetDuplicateError(int number) { m_duplicateError = number; }
   /// For the owner: adds an object read from the file, without the hook.
   void Load(const Ref<T>& item) { m_items.push_back(item); }
 
@@ -80,6 +83,7 @@ class Collection {
   std::vector<Ref<T>> m_items;
   Hook m_onAppend;
   int m_missingError;
+  int m_duplicateError = err::kObjectExists;
 };
 
 }  // namespace platform::dao

@@ -65,18 +65,19 @@ std::shared_ptr<Connection> Connection::Open(const std::string& path, bool creat
     ThrowSqliteError(nullptr, rc);
   }
   OpenConnections().push_back(connection.get());
-  connection->Configure();
-  if (!create) {
-    // Reads every page of the file once: a truncated or damaged file fails here rather
-    // than in the middle of later work.
-    try {
+  try {
+    connection->Configure();
+    if (!create) {
+      // Reads every page of the file once: a truncated or damaged file fails here rather
+      // than in the middle of later work.
       Statement check(*connection, "PRAGMA quick_check(1)");
-      if (!check.Step() || check.ColumnText(0) != "ok")
-        throw Error(err::kUnrecognizedFormat);
-    } catch (const Error&) {
-      connection->Close();
-      throw Error(err::kUnrecognizedFormat, "Unrecognized database format '" + path + "'.");
+      if (!check.Step() || check.ColumnText(0) != "ok") throw Error(err::kDatabaseCorrupt);
     }
+  } catch (const Error& e) {
+    connection->Close();
+    if (e.number == err::kDatabaseCorrupt || e.number == err::kUnrecognizedFormat)
+      throw Error(err::kUnrecognizedFormat, "Unrecognized database format '" + path + "'.");
+    throw;
   }
   return connection;
 }

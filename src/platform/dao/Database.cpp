@@ -46,6 +46,7 @@ Ref<Collection<TableDef>> Database::TableDefs() {
       // A table this layer cannot describe (made by someone else) is left out.
     }
   }
+  tables->SetDuplicateError(err::kTableExists);
   std::weak_ptr<Connection> weak = m_connection;
   tables->SetAppendHook([weak](const Ref<TableDef>& table) {
     auto connection = weak.lock();

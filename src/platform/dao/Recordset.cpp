@@ -38,6 +38,7 @@ Recordset::Recordset(std::shared_ptr<Connection> connection, Ref<TableDef> table
     Statement keys(*m_connection, "SELECT rowid FROM " + QualifiedName() + " ORDER BY rowid");
     while (keys.Step()) m_keys.push_back(keys.ColumnInt64(0));
   }
+  m_nowhere = m_keys.empty();
 }
 
 Recordset::~Recordset() {
@@ -179,7 +180,7 @@ void Recordset::Update() {
 
 void Recordset::LoadCurrent() {
   CheckOpen();
-  if (m_position < 0 || m_position >= static_cast<int64_t>(m_keys.size()))
+  if (m_nowhere || m_position < 0 || m_position >= static_cast<int64_t>(m_keys.size()))
     throw Error(err::kNoCurrentRecord);
   if (m_currentLoaded) return;
   m_select->Reset();
@@ -219,6 +220,7 @@ void Recordset::MoveFirst() {
   Discard();
   if (m_keys.empty()) throw Error(err::kNoCurrentRecord);
   m_position = 0;
+  m_nowhere = false;
   m_currentLoaded = false;
 }
 
@@ -227,6 +229,7 @@ void Recordset::MoveLast() {
   Discard();
   if (m_keys.empty()) throw Error(err::kNoCurrentRecord);
   m_position = static_cast<int64_t>(m_keys.size()) - 1;
+  m_nowhere = false;
   m_currentLoaded = false;
 }
 
@@ -248,12 +251,12 @@ void Recordset::MovePrevious() {
 
 bool Recordset::Eof() const {
   CheckOpen();
-  return m_keys.empty() || m_position >= static_cast<int64_t>(m_keys.size());
+  return m_nowhere || m_keys.empty() || m_position >= static_cast<int64_t>(m_keys.size());
 }
 
 bool Recordset::Bof() const {
   CheckOpen();
-  return m_keys.empty() || m_position < 0;
+  return m_nowhere || m_keys.empty() || m_position < 0;
 }
 
 int32_t Recordset::RecordCount() const {
@@ -263,7 +266,7 @@ int32_t Recordset::RecordCount() const {
 
 int32_t Recordset::AbsolutePosition() const {
   CheckOpen();
-  if (m_position < 0 || m_position >= static_cast<int64_t>(m_keys.size())) return -1;
+  if (m_nowhere || m_position < 0 || m_position >= static_cast<int64_t>(m_keys.size())) return -1;
   return static_cast<int32_t>(m_position);
 }
 
@@ -272,6 +275,7 @@ void Recordset::SetAbsolutePosition(int32_t position) {
   if (position < 0 || position >= static_cast<int32_t>(m_keys.size())) throw Error(err::kInvalidArgument);
   Discard();
   m_position = position;
+  m_nowhere = false;
   m_currentLoaded = false;
 }
 

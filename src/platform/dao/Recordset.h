@@ -110,6 +110,9 @@ class Recordset {
 
   std::vector<int64_t> m_keys;
   int64_t m_position = 0;
+  // No current row and none to move from: a set that was empty when it opened, until
+  // the first move.
+  bool m_nowhere = false;
   std::vector<Variant> m_current;
   bool m_currentLoaded = false;
 

@@ -133,7 +133,7 @@ SqlStatement SqlParser::ParseTable(size_t pos, SqlStatement st, Slot slot, bool 
         if (m_attempts > kMaxAttempts) throw;
       }
     }
-    Fail("a connect string is not followed by .[table]");
+    // No reading as a connect string works: it is a name that holds ";".
   }
 
   if (!IsNameToken(t)) Fail("expected a table name");
