@@ -369,13 +369,4 @@ std::string CXmlAnalyzerBrowser::GetProjectItemPath(const Ref<TextDocument>& tex
   return path;
 }
 
-void CXmlAnalyzerBrowser::DefinitionAnalysis(const Ref<TextDocument>&, const Ref<CodeElement>&,
-                                             bool) {
-  // The definition comment checks are not written yet: elements are walked, not checked.
-}
-
-void CXmlAnalyzerBrowser::BodyAnalysis(const Ref<TextDocument>&, const Ref<CodeElement>&) {
-  // The in-method comment check is not written yet.
-}
-
 }  // namespace annotra

@@ -80,6 +80,16 @@ class CXmlAnalyzerBrowser {
   virtual void BodyAnalysis(const Ref<TextDocument>& textDocument,
                             const Ref<CodeElement>& element);
 
+  /// Whether a plain descriptive comment stands above the element (or its first
+  /// attribute): C# "//" lines, VB "'" lines, with attribute and blank lines passed over.
+  bool HasAStdComment(const Ref<CodeElement>& element);
+
+  /// Whether `line` is a code line of `language`: not blank, not a lone brace (C#), not
+  /// continued with " _" (VB).
+  static bool IsLineOK(const std::string& line, const std::string& language);
+  /// How often `searched` occurs in `text`, counted from the left without overlap.
+  static int32_t StrCount(const std::string& text, const std::string& searched);
+
   bool CanProcessProject(const Ref<Project>& project);
   bool CanProcessDocument(const Ref<Document>& document);
   /// True when Ctrl and C are down and the user confirms the stop.
@@ -96,6 +106,23 @@ class CXmlAnalyzerBrowser {
   void WalkScope(int32_t scope);
 
  protected:
+  // The parameter and return checks of delegates, methods, events and properties.
+  /// Compares the parameters documented by the `param` elements of search `handle` with
+  /// the element's, position by position; ends the search.
+  void CompareParameters(const Ref<TextDocument>& textDocument, const Ref<CodeElement>& element,
+                         const std::string& sType, int32_t handle);
+  /// A required `param` or `para` tag is absent: a finding when the element has
+  /// parameters.
+  void AbsentParameterTag(const Ref<TextDocument>& textDocument, const Ref<CodeElement>& element,
+                          const std::string& sType, const std::string& sTag);
+  /// A required `returns` tag is absent: a finding when the element's type is not void.
+  void AbsentReturnTag(const Ref<TextDocument>& textDocument, const Ref<CodeElement>& element,
+                       const std::string& sType);
+  /// Writes a finding about `element` with the given member text and problem, at the
+  /// element's start line.
+  void FoundAt(const Ref<TextDocument>& textDocument, const Ref<CodeElement>& element,
+               const std::string& sMember, const std::string& sType, const std::string& sProblem);
+
   /// What every walk needs around it: a new list of opened documents, the code-model
   /// helper, estimate and status objects (BeginWalk); their release and the closing of
   /// the documents the walk opened (EndWalk).

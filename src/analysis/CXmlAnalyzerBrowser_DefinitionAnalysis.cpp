@@ -1,0 +1,292 @@
+// CXmlAnalyzerBrowser: the definition comment checks and the parameter and return checks.
+
+#include <algorithm>
+
+#include "analysis/CXmlAnalyzerBrowser.h"
+#include "host/MGlobals.h"
+#include "host/Steps.h"
+#include "platform/automation/Document.h"
+#include "platform/automation/Project.h"
+#include "platform/automation/ProjectItem.h"
+#include "platform/automation/TextDocument.h"
+#include "platform/automation/TextPoint.h"
+#include "platform/codemodel/CodeElement.h"
+#include "platform/grammar/GrammarParser.h"
+
+namespace annotra {
+
+namespace cm = platform::codemodel;
+using platform::Ref;
+
+namespace {
+
+/// The kind name of an element kind (the key of the required-tag list and the Type of
+/// its findings); "" for kinds that are not checked.
+std::string KindName(int kind) {
+  switch (kind) {
+    case cm::vsCMElementClass: return "Class";
+    case cm::vsCMElementFunction: return "Method";
+    case cm::vsCMElementVariable: return "Field (variable, constant)";
+    case cm::vsCMElementProperty: return "Property";
+    case cm::vsCMElementNamespace: return "Namespace";
+    case cm::vsCMElementInterface: return "Interface";
+    case cm::vsCMElementDelegate: return "Delegate";
+    case cm::vsCMElementEnum: return "Enum";
+    case cm::vsCMElementStruct: return "Structure";
+    case cm::vsCMElementEvent: return "Event";
+    case cm::vsCMElementModule: return "Module";
+    default: return "";
+  }
+}
+
+/// Whether the kind's `param`, `para` and `returns` tags follow the parameter and return
+/// rules.
+bool HasSignature(const std::string& kindName) {
+  return kindName == "Delegate" || kindName == "Method" || kindName == "Event" ||
+         kindName == "Property";
+}
+
+std::string Trim(const std::string& s, const char* blanks = " ") {
+  size_t b = s.find_first_not_of(blanks);
+  if (b == std::string::npos) return "";
+  size_t e = s.find_last_not_of(blanks);
+  return s.substr(b, e - b + 1);
+}
+
+std::string WithoutTabs(std::string s) {
+  s.erase(std::remove(s.begin(), s.end(), '\t'), s.end());
+  return s;
+}
+
+std::string Lower(std::string s) {
+  for (char& c : s)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
+  return s;
+}
+
+const char* kProblemNameAndType = "Parameter with different name and type in XML comment vs. definition.";
+const char* kProblemName = "Parameter with different name in XML comment vs. definition.";
+const char* kProblemType =
+    "Parameter with different type in XML comment vs. definition (or no type specified in XML comment).";
+
+}  // namespace
+
+void CXmlAnalyzerBrowser::FoundAt(const Ref<TextDocument>& textDocument, const Ref<CodeElement>& element,
+                                  const std::string& sMember, const std::string& sType,
+                                  const std::string& sProblem) {
+  Steps step("Quillmark.CXmlAnalyzerBrowser.DefinitionAnalysis");
+  std::string project, document, path;
+  int32_t line = 0;
+  step(1, [&] { project = textDocument->Parent()->ProjectItem()->ContainingProject()->Name(); });
+  step(2, [&] { document = textDocument->Parent()->Name(); });
+  step(3, [&] { path = GetProjectItemPath(textDocument); });
+  step(4, [&] { line = element->StartPoint()->Line(); });
+  Found(project, document, path, sMember, line, line, sType, sProblem);
+}
+
+void CXmlAnalyzerBrowser::DefinitionAnalysis(const Ref<TextDocument>& textDocument,
+                                             const Ref<CodeElement>& element, bool bParentPublic) {
+  Steps step("Quillmark.CXmlAnalyzerBrowser.DefinitionAnalysis");
+  const AnalysisOptions& options = MGlobals::g_AnalysisOptions;
+  if (!element) return;
+
+  std::string doc;
+  Quietly([&] { doc = element->DocComment(); });
+
+  int kind = -1;
+  if (!step(3, [&] { kind = element->Kind(); })) return;
+  std::string kindName = KindName(kind);
+  if (kind == cm::vsCMElementVariable) {
+    bool inEnum = false;
+    Quietly([&] {
+      auto parent = platform::As<CodeElement>(element->Parent());
+      inEnum = parent->Kind() == cm::vsCMElementEnum;
+    });
+    if (inEnum) return;
+  }
+
+  bool isPublic = false;
+  if (kindName == "Namespace") isPublic = true;
+  else if (kindName == "Module") isPublic = false;
+  else if (!kindName.empty()) isPublic = bParentPublic && MGlobals::IsPublic(element);
+  if (isPublic && !options.EnablePublic) return;
+  if (!isPublic && !options.EnableNonPublic) return;
+
+  // The kind's item in the required-tag list, and the tags after it.
+  auto kindItem = std::find(XMLCheckItems.begin(), XMLCheckItems.end(), "{" + kindName + "}");
+  if (kindName.empty() || kindItem == XMLCheckItems.end()) return;
+  std::vector<std::string> tags;
+  for (auto it = kindItem + 1; it != XMLCheckItems.end() && (it->empty() || (*it)[0] != '{'); ++it)
+    tags.push_back(*it);
+
+  bool xml = !doc.empty();
+  if (xml && m_sLanguage == cm::vsCMLanguageCSharp && doc.size() >= 5 && doc.rfind("<doc>", 0) == 0 &&
+      doc.size() >= 6 && doc.compare(doc.size() - 6, 6, "</doc>") == 0) {
+    std::string inner = doc.size() >= 11 ? doc.substr(5, doc.size() - 11) : "";
+    xml = inner != "\r\n";
+  }
+
+  std::string name;
+  step(7, [&] { name = element->Name(); });
+  if (!xml) {
+    if (HasAStdComment(element)) {
+      if ((isPublic && options.XMLOnPublic) || (!isPublic && options.XMLOnNonPublic))
+        FoundAt(textDocument, element, name, kindName, "Code elements without XML comments.");
+    } else {
+      FoundAt(textDocument, element, name, kindName, "Code elements without definition comments.");
+    }
+    return;
+  }
+
+  step(8, [&] {
+    parserXML->SetInputText(doc);
+    parserXML->Parse();
+  });
+  bool signature = HasSignature(kindName);
+  for (const std::string& tag : tags) {
+    int32_t handle = 0;
+    step(9, [&] { handle = parserXML->StartSearch("/.*element_name =\"" + tag + "\"", 0); });
+    if (handle != 0) {
+      if (signature && tag == "param") {
+        CompareParameters(textDocument, element, kindName, handle);
+        continue;
+      }
+      step(9, [&] {
+        int32_t node = parserXML->FirstMatch(handle);
+        int32_t startTag = parserXML->ParentNode(node);
+        int32_t next = parserXML->NextSibling(startTag);
+        parserXML->EndSearch(handle);
+        if (parserXML->NodeName(next) == "end_tag")
+          FoundAt(textDocument, element, name, kindName, "Missing <" + tag + "> tag");
+      });
+    } else if (signature && (tag == "param" || tag == "para")) {
+      AbsentParameterTag(textDocument, element, kindName, tag);
+    } else if (signature && tag == "returns") {
+      AbsentReturnTag(textDocument, element, kindName);
+    } else {
+      FoundAt(textDocument, element, name, kindName, "Missing <" + tag + "> tag");
+    }
+  }
+}
+
+bool CXmlAnalyzerBrowser::HasAStdComment(const Ref<CodeElement>& element) {
+  Ref<platform::automation::EditPoint> point;
+  Quietly([&] {
+    auto attributes = element->Attributes();
+    if (attributes->Count() > 0) point = attributes->Item(1)->StartPoint()->CreateEditPoint();
+  });
+  if (!point) Quietly([&] { point = element->StartPoint()->CreateEditPoint(); });
+  if (!point) return false;
+
+  bool vb = m_sLanguage == cm::vsCMLanguageVB;
+  bool cs = m_sLanguage == cm::vsCMLanguageCSharp;
+  bool result = false;
+  for (;;) {
+    point->LineUp();
+    int line = point->Line();
+    if (line == 1) break;
+    std::string text;
+    Quietly([&] { text = point->GetLines(line, line + 1); });
+    text = Trim(WithoutTabs(text));
+    if (text.empty()) continue;
+    if (vb) {
+      if (text[0] == '\'') {
+        result = true;
+        break;
+      }
+      if (text[0] == '<') continue;
+      break;
+    }
+    if (cs) {
+      if (text.size() < 2) break;
+      if (text.rfind("//", 0) == 0) {
+        result = true;
+        continue;
+      }
+      if (text[0] == '[') continue;
+      break;
+    }
+    break;
+  }
+  return result;
+}
+
+void CXmlAnalyzerBrowser::CompareParameters(const Ref<TextDocument>& textDocument,
+                                            const Ref<CodeElement>& element, const std::string& sType,
+                                            int32_t handle) {
+  Steps step("Quillmark.CXmlAnalyzerBrowser.CompareParameters");
+  using Pair = std::pair<std::string, std::string>;
+  std::vector<Pair> definition, xml;
+
+  int count = 0;
+  Quietly([&] { count = element->Parameters()->Count(); });
+  for (int i = 1; i <= count; ++i) {
+    Pair pair;
+    Quietly([&] {
+      auto parameter = element->Parameters()->Item(i);
+      pair = {parameter->Name(), parameter->Type()->AsString()};
+    });
+    definition.push_back(pair);
+  }
+
+  step(2, [&] {
+    for (int32_t node = parserXML->NextMatch(handle); node != 0; node = parserXML->NextMatch(handle)) {
+      int32_t startTag = parserXML->ParentNode(node);
+      Pair pair;
+      if (startTag != 0) {
+        int32_t nameNode = parserXML->SearchBelow(startTag, ".*attr_name=\"name\"");
+        if (nameNode != 0) pair.first = parserXML->NodeText(parserXML->ParentNode(nameNode));
+        int32_t typeNode = parserXML->SearchBelow(startTag, ".*attr_name=\"type\"");
+        if (typeNode != 0) pair.second = parserXML->NodeText(parserXML->ParentNode(typeNode));
+      }
+      xml.push_back(pair);
+    }
+  });
+  step(3, [&] { parserXML->EndSearch(handle); });
+
+  std::string name;
+  step(4, [&] { name = element->Name(); });
+  if (xml.size() == definition.size()) {
+    for (size_t i = 0; i < xml.size(); ++i) {
+      bool sameName = xml[i].first == definition[i].first;
+      bool sameType = xml[i].second == definition[i].second;
+      if (sameName && sameType) continue;
+      const char* problem = !sameName && !sameType ? kProblemNameAndType : !sameName ? kProblemName : kProblemType;
+      FoundAt(textDocument, element, name + ":" + definition[i].first, sType, problem);
+    }
+  } else if (xml.size() > definition.size()) {
+    FoundAt(textDocument, element, name, sType, "More parameters in XML comment than in definition.");
+  } else {
+    FoundAt(textDocument, element, name, sType, "Less parameters in XML comment than in definition.");
+  }
+}
+
+void CXmlAnalyzerBrowser::AbsentParameterTag(const Ref<TextDocument>& textDocument,
+                                             const Ref<CodeElement>& element, const std::string& sType,
+                                             const std::string& sTag) {
+  int count = 0;
+  Quietly([&] { count = element->Parameters()->Count(); });
+  if (count <= 0) return;
+  std::string name;
+  Steps("Quillmark.CXmlAnalyzerBrowser.AbsentParameterTag")(1, [&] { name = element->Name(); });
+  FoundAt(textDocument, element, name, sType, "Missing <" + sTag + "> tag");
+}
+
+void CXmlAnalyzerBrowser::AbsentReturnTag(const Ref<TextDocument>& textDocument,
+                                          const Ref<CodeElement>& element, const std::string& sType) {
+  std::string prototype;
+  Quietly([&] { prototype = element->Prototype(cm::vsCMPrototypeType); });
+  prototype = Trim(prototype);
+  std::string type;
+  if (!prototype.empty()) {
+    size_t space = prototype.find(' ');
+    if (space != std::string::npos) type = prototype.substr(0, space);
+  }
+  type = Lower(Trim(type));
+  if (type.empty() || type == "void" || type == "system.void") return;
+  std::string name;
+  Steps("Quillmark.CXmlAnalyzerBrowser.AbsentReturnTag")(1, [&] { name = element->Name(); });
+  FoundAt(textDocument, element, name, sType, "Missing <returns> tag");
+}
+
+}  // namespace annotra
