@@ -1,0 +1,59 @@
+#pragma once
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/automation/MSBuildProperties.h"
+
+namespace platform::automation {
+
+/// One item of an evaluated project: a Compile, None, Folder ... entry.
+struct MSBuildItem {
+  std::string type;                // as written ("Compile")
+  std::string include;             // evaluated, unescaped; relative to the project folder when inside it
+  std::filesystem::path fullPath;  // absolute, normalized
+  std::vector<std::pair<std::string, std::string>> metadata;  // evaluated, unescaped
+
+  /// The value of metadata `name` (any letter case); "" when the item has none.
+  std::string Metadata(std::string_view name) const;
+};
+
+/// The outcome of evaluating a project file.
+struct MSBuildProject {
+  bool sdkStyle = false;  // <Project Sdk=...>, an <Sdk> element or an SDK import
+  MSBuildProperties properties;
+  std::vector<MSBuildItem> items;      // every item type, in evaluation order
+  std::vector<std::string> warnings;   // files that were to be imported but could not be read
+};
+
+/// How to evaluate a project.
+struct MSBuildOptions {
+  /// Properties the project cannot change (Configuration, Platform, ...).
+  std::vector<std::pair<std::string, std::string>> globalProperties;
+  /// The extension of the language's sources (".cs", ".vb"), which SDK-style projects
+  /// take as their compile items by default.
+  std::string sourceExtension = ".cs";
+  /// The solution the project was loaded from; "" for none. Gives SolutionDir and the
+  /// other solution properties the environment defines.
+  std::filesystem::path solutionPath;
+};
+
+/// Evaluates the project file `projectFile` as the build system would for a design-time
+/// build: the nearest Directory.Build.props above it, the project, then the nearest
+/// Directory.Build.targets, following Import (relative paths, wildcards, property
+/// functions), ImportGroup, Choose/When/Otherwise and every Condition; properties first
+/// in file order, then items (Include/Exclude/Remove/Update, wildcards, metadata as
+/// attributes or elements). SDK-style projects get the SDK's defaults: the compile items
+/// "**/*" + sourceExtension below the project folder minus DefaultItemExcludes (bin/,
+/// obj/, ...) and hidden folders, switched by EnableDefaultItems and
+/// EnableDefaultCompileItems; and when they name TargetFrameworks but no TargetFramework,
+/// evaluation runs again with TargetFramework the first of them, as the build does for
+/// each framework. Unknown elements and functions evaluate to nothing. Imports that
+/// cannot be read are skipped with a warning. Fails with platform::Error (as
+/// ReadDefinitionXml) when the project file itself cannot be read or parsed, and with 5
+/// when its root element is not <Project>.
+MSBuildProject EvaluateMSBuildProject(const std::filesystem::path& projectFile, const MSBuildOptions& options);
+
+}  // namespace platform::automation

@@ -1,0 +1,79 @@
+#include "platform/automation/ProjectSymbols.h"
+
+#include <algorithm>
+
+#include "platform/automation/FileGlob.h"
+
+namespace platform::automation {
+namespace {
+
+std::string Trim(std::string_view s) {
+  size_t a = s.find_first_not_of(" \t\r\n");
+  if (a == std::string_view::npos) return "";
+  size_t b = s.find_last_not_of(" \t\r\n");
+  return std::string(s.substr(a, b - a + 1));
+}
+
+}  // namespace
+
+codemodel::PreprocessorSymbols CSharpSymbols(std::string_view defineConstants,
+                                             const std::vector<std::string>& frameworkSymbols) {
+  codemodel::PreprocessorSymbols out;
+  auto add = [&](const std::string& name) {
+    if (name.empty()) return;
+    for (auto& [n, v] : out.symbols)
+      if (n == name) return;
+    out.symbols.emplace_back(name, "");
+  };
+  add("DEBUG");
+  add("TRACE");
+  std::string current;
+  for (char c : defineConstants) {
+    if (c == ';' || c == ',' || c == ' ' || c == '\t' || c == '\r' || c == '\n') {
+      add(current);
+      current.clear();
+    } else {
+      current += c;
+    }
+  }
+  add(current);
+  for (auto& s : frameworkSymbols) add(s);
+  return out;
+}
+
+codemodel::PreprocessorSymbols VbSymbols(std::string_view defineConstants, std::string_view configuration,
+                                         std::string_view platform, std::string_view myType,
+                                         const std::vector<std::string>& frameworkSymbols) {
+  codemodel::PreprocessorSymbols out;
+  auto set = [&](const std::string& name, const std::string& value) {
+    if (name.empty()) return;
+    for (auto& [n, v] : out.symbols)
+      if (LowerAscii(n) == LowerAscii(name)) {
+        v = value;
+        return;
+      }
+    out.symbols.emplace_back(name, value);
+  };
+  set("DEBUG", "-1");
+  set("TRACE", "-1");
+  set("CONFIG", "\"" + std::string(configuration) + "\"");
+  set("PLATFORM", "\"" + std::string(platform) + "\"");
+  if (!Trim(myType).empty()) set("_MyType", "\"" + Trim(myType) + "\"");
+  for (auto& s : frameworkSymbols) set(s, "-1");
+  // Pairs are split at separators outside double quotes: Text="a,b" stays whole.
+  std::vector<std::string> pairs(1);
+  bool quoted = false;
+  for (char c : defineConstants) {
+    if (c == '"') quoted = !quoted;
+    if (!quoted && (c == ',' || c == ';')) pairs.emplace_back();
+    else pairs.back() += c;
+  }
+  for (auto& pair : pairs) {
+    auto eq = pair.find('=');
+    if (eq == std::string::npos) set(Trim(pair), "True");
+    else set(Trim(pair.substr(0, eq)), Trim(pair.substr(eq + 1)));
+  }
+  return out;
+}
+
+}  // namespace platform::automation
