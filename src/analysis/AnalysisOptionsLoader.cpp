@@ -1,0 +1,70 @@
+#include "analysis/AnalysisOptionsLoader.h"
+
+#include "host/MGlobals.h"
+#include "host/Steps.h"
+#include "platform/forms/DoEvents.h"
+#include "platform/suite/SettingsStore.h"
+
+namespace annotra {
+namespace {
+
+using platform::Variant;
+
+constexpr const char* kSection = "CommentsAnalyzer";
+constexpr int16_t kDefaultLineCount = 15;
+
+Variant Read(const char* section, const char* key, const Variant& def) {
+  if (!MGlobals::AppSettingsObject_HKCU) throw platform::Error(platform::err::kObjectNotSet);
+  return MGlobals::AppSettingsObject_HKCU->Read(section, key, def);
+}
+
+bool ReadFlag(const char* key, int def) { return platform::ToBool(Read(kSection, key, def)); }
+
+}  // namespace
+
+std::vector<std::string> SplitXMLCheck(const std::string& xmlCheck) {
+  std::vector<std::string> items;
+  if (xmlCheck.empty()) return items;
+  size_t start = 0;
+  for (;;) {
+    size_t bar = xmlCheck.find('|', start);
+    items.push_back(xmlCheck.substr(start, bar == std::string::npos ? std::string::npos : bar - start));
+    if (bar == std::string::npos) break;
+    start = bar + 1;
+  }
+  return items;
+}
+
+int16_t ReadLineCount() {
+  int16_t lineCount = kDefaultLineCount;
+  Quietly([&] { lineCount = platform::ToInt16(Read(kSection, "LineCount", kDefaultLineCount)); });
+  if (lineCount < 5 || lineCount > 100) lineCount = kDefaultLineCount;
+  return lineCount;
+}
+
+int16_t ReadOpenDocAllowed() {
+  int16_t allowed = platform::ToInt16(Read("Settings", "OpenDocAllowed", 10));
+  if (allowed < 1 || allowed > 30) allowed = 20;
+  return allowed;
+}
+
+void LoadAnalysisOptions(AnalysisOptions& options, std::vector<std::string>& xmlCheckItems,
+                         const XMLCheckBuilder& buildXMLCheck) {
+  Steps step("Quillmark.CXmlAnalyzerBrowser.GetOptions");
+  step(1, [&] { options.LastScope = platform::ToInt32(Read(kSection, "LastScope", 0)); });
+  step(2, [&] { options.EnablePublic = ReadFlag("EnablePublic", 1); });
+  step(2, [&] { options.XMLOnPublic = ReadFlag("XMLOnPublic", 1); });
+  step(2, [&] { options.EnableNonPublic = ReadFlag("EnableNonPublic", 1); });
+  step(2, [&] { options.XMLOnNonPublic = ReadFlag("XMLOnNonPublic", 0); });
+  step(3, [&] { options.XMLCheck = platform::ToString(Read(kSection, "XMLCheck", "")); });
+  if (options.XMLCheck.empty() && buildXMLCheck) {
+    step(4, [&] { buildXMLCheck(); });
+    platform::forms::DoEvents();
+    step(4, [&] { options.XMLCheck = platform::ToString(Read(kSection, "XMLCheck", "")); });
+  }
+  step(5, [&] { xmlCheckItems = SplitXMLCheck(options.XMLCheck); });
+  step(6, [&] { options.EnableBody = ReadFlag("EnableBody", 1); });
+  step(7, [&] { options.LineCount = ReadLineCount(); });
+}
+
+}  // namespace annotra
