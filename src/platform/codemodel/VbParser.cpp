@@ -1,9 +1,12 @@
 #include "platform/codemodel/VbParser.h"
 
+#include "platform/codemodel/VbBlockParser.h"
+
 namespace platform::codemodel {
 
-// Declarations are not read yet: every file has an empty code model until this parser
-// is written.
-void VbParser::Parse(FileCodeModel&, const PreprocessorSymbols&) const {}
+void VbParser::Parse(FileCodeModel& model, const PreprocessorSymbols& symbols) const {
+  VbBlockParser parser(model, symbols);
+  parser.Run();
+}
 
 }  // namespace platform::codemodel

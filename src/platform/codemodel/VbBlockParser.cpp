@@ -1,0 +1,202 @@
+#include "platform/codemodel/VbBlockParser.h"
+
+namespace platform::codemodel {
+
+VbBlockParser::VbBlockParser(FileCodeModel& model, const PreprocessorSymbols& symbols)
+    : m_reader(model.Text(), symbols), m_declarations(model) {
+  m_frames.push_back({VbBlock::File, nullptr});
+}
+
+void VbBlockParser::Run() {
+  VbStatement st;
+  while (m_reader.Next(st)) {
+    Dispatch(st);
+    m_lastEnd = st.end();
+  }
+  // The end of the text closes whatever is still open.
+  if (m_mode == Mode::Body) CloseMember(m_lambdas > 0 && m_candidateEnd ? m_candidateEnd : m_memberLastEnd);
+  for (size_t i = m_frames.size(); i-- > 1;)
+    if (m_frames[i].element) m_frames[i].element->end = m_lastEnd;
+  m_frames.resize(1);
+}
+
+bool VbBlockParser::EndsWithLambdaHeader(const VbStatement& st) {
+  const VbToken* const begin = st.tokens.data();
+  const VbToken* const end = begin + st.tokens.size();
+  for (const VbToken* p = begin + 1; p < end; ++p) {
+    if (!p->Is(VbKeyword::Sub) && !p->Is(VbKeyword::Function)) continue;
+    // A lambda stands where an operand may: after an operator, '(' or ',', '=' and so
+    // on, possibly with Async or Iterator before it.
+    const VbToken* before = p - 1;
+    while (before > begin && (before->Is(VbKeyword::Async) || before->Is(VbKeyword::Iterator))) --before;
+    if (!ExpectsOperand(*before) || !(p + 1 < end && p[1].Is(VbPunct::LParen))) continue;
+    int depth = 0;
+    const VbToken* q = p + 1;
+    for (; q < end; ++q) {
+      if (q->Is(VbPunct::LParen)) ++depth;
+      else if (q->Is(VbPunct::RParen) && --depth == 0) break;
+    }
+    if (q >= end) return false;  // the parameter list runs to the end: no body follows
+    ++q;
+    if (q == end) return true;
+    if (q->Is(VbKeyword::As)) {
+      // "As Type" and nothing after it.
+      ++q;
+      int d = 0;
+      for (; q < end; ++q) {
+        if (q->Is(VbPunct::LParen)) ++d;
+        else if (q->Is(VbPunct::RParen)) --d;
+        else if (d == 0 && !(q->kind == VbTokenKind::Identifier || q->kind == VbTokenKind::Bracketed ||
+                             q->Is(VbPunct::Dot) || q->Is(VbPunct::Question)))
+          break;
+      }
+      if (q == end) return true;
+    }
+  }
+  return false;
+}
+
+void VbBlockParser::Dispatch(const VbStatement& st) {
+  switch (m_mode) {
+    case Mode::Blocks:
+      InBlocks(st);
+      break;
+    case Mode::Body:
+      InBody(st);
+      break;
+    case Mode::PropertyStart:
+      // Get or Set below a property make it a block; anything else, an auto-property.
+      if (VbDeclarationParser::IsAccessor(st)) {
+        m_mode = Mode::Body;
+        InBody(st);
+      } else {
+        m_mode = Mode::Blocks;
+        m_member = nullptr;
+        InBlocks(st);
+      }
+      break;
+    case Mode::LambdaTail:
+      InLambdaTail(st);
+      break;
+  }
+}
+
+void VbBlockParser::InBlocks(const VbStatement& st) {
+  Frame& top = m_frames.back();
+  if (top.block == VbBlock::Enum) {
+    InEnum(st);
+    return;
+  }
+  VbDeclaration d = m_declarations.Read(st, top.block, top.element);
+  switch (d.what) {
+    case VbDeclaration::What::End:
+      CloseBlock(d.endKeyword, st.end());
+      return;
+    case VbDeclaration::What::Block:
+      m_frames.push_back({d.block, d.element});
+      return;
+    case VbDeclaration::What::Body:
+      StartBody(d.element, d.endKeyword, st.end());
+      return;
+    case VbDeclaration::What::PropertyHeader:
+      StartBody(d.element, VbKeyword::Property, st.end());
+      m_mode = Mode::PropertyStart;
+      break;
+    default:
+      break;
+  }
+  // A field or property initialized with a multi-line lambda runs to the lambda's end.
+  if (EndsWithLambdaHeader(st)) {
+    m_mode = Mode::LambdaTail;
+    m_member = nullptr;
+    m_lambdas = 1;
+    m_tail = d.elements;
+  }
+}
+
+void VbBlockParser::InEnum(const VbStatement& st) {
+  Frame& top = m_frames.back();
+  if (VbDeclarationParser::EndKeyword(st) == VbKeyword::Enum) {
+    if (top.element) top.element->end = st.end();
+    m_frames.pop_back();
+    return;
+  }
+  if (VbDeclarationParser::StartsDeclaration(st)) {
+    // The enum lacks its End Enum: it ends before this declaration.
+    if (top.element) top.element->end = m_lastEnd;
+    m_frames.pop_back();
+    InBlocks(st);
+    return;
+  }
+  if (top.element) m_declarations.ReadEnumMember(st, *top.element);
+}
+
+void VbBlockParser::StartBody(CodeElement* member, VbKeyword endKeyword, uint32_t headerEnd) {
+  m_mode = Mode::Body;
+  m_member = member;
+  m_memberEnd = endKeyword;
+  m_lambdas = 0;
+  m_memberLastEnd = headerEnd;
+  m_candidateEnd = 0;
+}
+
+void VbBlockParser::CloseMember(uint32_t end) {
+  if (m_member) m_member->end = end;
+  m_member = nullptr;
+  m_mode = Mode::Blocks;
+}
+
+void VbBlockParser::InBody(const VbStatement& st) {
+  VbKeyword endOf = VbDeclarationParser::EndKeyword(st);
+  if (endOf == m_memberEnd && m_lambdas == 0) {
+    CloseMember(st.end());
+    return;
+  }
+  if (!VbDeclarationParser::IsAccessor(st) && VbDeclarationParser::StartsDeclaration(st)) {
+    // The member lacks its End: it ends before this declaration (at the End that a
+    // lambda seemed to own, when there was one).
+    CloseMember(m_lambdas > 0 && m_candidateEnd ? m_candidateEnd : m_memberLastEnd);
+    InBlocks(st);
+    return;
+  }
+  if (endOf == m_memberEnd) m_candidateEnd = st.end();
+  if ((endOf == VbKeyword::Sub || endOf == VbKeyword::Function) && m_lambdas > 0) --m_lambdas;
+  if (EndsWithLambdaHeader(st)) ++m_lambdas;
+  m_memberLastEnd = st.end();
+}
+
+void VbBlockParser::InLambdaTail(const VbStatement& st) {
+  if (VbDeclarationParser::StartsDeclaration(st)) {
+    m_mode = Mode::Blocks;
+    InBlocks(st);
+    return;
+  }
+  VbKeyword endOf = VbDeclarationParser::EndKeyword(st);
+  if ((endOf == VbKeyword::Sub || endOf == VbKeyword::Function) && m_lambdas > 0) --m_lambdas;
+  if (EndsWithLambdaHeader(st)) ++m_lambdas;
+  for (CodeElement* e : m_tail) e->end = st.end();
+  if (m_lambdas == 0) m_mode = Mode::Blocks;
+}
+
+void VbBlockParser::CloseBlock(VbKeyword keyword, uint32_t end) {
+  VbBlock block;
+  switch (keyword) {
+    case VbKeyword::Namespace: block = VbBlock::Namespace; break;
+    case VbKeyword::Module: block = VbBlock::Module; break;
+    case VbKeyword::Class: block = VbBlock::Class; break;
+    case VbKeyword::Structure: block = VbBlock::Structure; break;
+    case VbKeyword::Interface: block = VbBlock::Interface; break;
+    case VbKeyword::Enum: block = VbBlock::Enum; break;
+    default: return;  // End Sub and the like out of place, a lone End
+  }
+  for (size_t i = m_frames.size(); i-- > 1;) {
+    if (m_frames[i].block != block) continue;
+    for (size_t j = i + 1; j < m_frames.size(); ++j)
+      if (m_frames[j].element) m_frames[j].element->end = m_lastEnd;
+    if (m_frames[i].element) m_frames[i].element->end = end;
+    m_frames.resize(i);
+    return;
+  }
+}
+
+}  // namespace platform::codemodel
