@@ -745,7 +745,14 @@ bool CSharpDeclarationParser::ReadOperatorSymbol(std::string& out) {
     }
   }
   ++m_p;
-  return true;
+  // Only the overloadable operators (and their compound assignments) name an operator.
+  static constexpr std::string_view kOverloadable[] = {
+      "+",  "-",  "!",  "~",  "++", "--", "*",  "/",  "%",  "&",   "|",   "^",   "<<",   ">>",
+      ">>>", "==", "!=", "<",  ">",  "<=", ">=", "+=", "-=", "*=",  "/=",  "%=",  "&=",   "|=",
+      "^=", "<<=", ">>=", ">>>="};
+  for (std::string_view op : kOverloadable)
+    if (out == op) return true;
+  return false;
 }
 
 bool CSharpDeclarationParser::ParseParameters(std::vector<ParameterData>& out) {

@@ -187,6 +187,14 @@ size_t CSharpSyntaxScanner::SkipExpression(size_t i) const {
   for (size_t j = i;; ++j) {
     const CsToken& t = At(j);
     if (t.kind == CsTokenKind::End || IsAccessModifier(j)) return j;
+    if (t.kind == CsTokenKind::Word) {
+      // After new, is and as comes a type, whatever follows it (`new List<int, int> {`).
+      if (t.keyword == CsKeyword::New || Text(j) == "is" || Text(j) == "as") {
+        size_t e = ScanType(j + 1);
+        if (e != kFail) j = e - 1;
+      }
+      continue;
+    }
     if (t.kind != CsTokenKind::Punct) continue;
     std::string_view s = Text(j);
     if (s == "(" || s == "[" || s == "{") {
