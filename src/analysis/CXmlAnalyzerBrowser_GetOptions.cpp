@@ -2,16 +2,19 @@
 
 #include "analysis/AnalysisOptionsLoader.h"
 #include "analysis/CXmlAnalyzerBrowser.h"
+#include "analysis/FCCOptions.h"
 #include "host/MGlobals.h"
 
 namespace annotra {
 
 void CXmlAnalyzerBrowser::GetOptions() {
-  // Building "XMLCheck" when none is stored (create the XML options form, call its
-  // GetOptions with bShowForm false, unload it) belongs to the XML comment templates,
-  // which are not here yet. Their one call goes in this builder; until then an empty
-  // "XMLCheck" stays empty and no tag is required.
-  const XMLCheckBuilder buildXMLCheck = nullptr;
+  // No "XMLCheck" stored yet: the XML options form, unshown, builds the full list from
+  // the templates and stores it.
+  const XMLCheckBuilder buildXMLCheck = [] {
+    FCCOptions form;
+    form.GetOptions(false);
+    form.Unload();
+  };
   LoadAnalysisOptions(MGlobals::g_AnalysisOptions, XMLCheckItems, buildXMLCheck);
 }
 

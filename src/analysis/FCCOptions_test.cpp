@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include "analysis/CXmlAnalyzerBrowser.h"
 #include "host/MGlobals.h"
 #include "host/MGlobals_Paths.h"
 #include "platform/automation/DTE.h"
@@ -246,6 +247,20 @@ TEST_F(FCCOptionsTest, HelpButtonOpensTheTopic) {
   RunShown(user);
   EXPECT_EQ(testing::internal::GetCapturedStdout(),
             "Help: " ANNOTRA_SOURCE_DIR "/resources/help/htm/XMLAnalyzer_Using.htm\n");
+}
+
+TEST_F(FCCOptionsTest, FirstAnalysisBuildsTheRequiredTagListThroughTheForm) {
+  CXmlAnalyzerBrowser browser;
+  browser.GetOptions();
+  EXPECT_EQ(Stored(), kFull);
+  EXPECT_EQ(MGlobals::g_AnalysisOptions.XMLCheck, kFull);
+  ASSERT_EQ(browser.XMLCheckItems.size(), 25u);
+  EXPECT_EQ(browser.XMLCheckItems[0], "{Class}");
+  EXPECT_EQ(browser.XMLCheckItems[24], "summary");
+  // Stored once, it is read as it stands the next time.
+  MGlobals::AppSettingsObject_HKCU->Write("CommentsAnalyzer", "XMLCheck", "{Enum}");
+  browser.GetOptions();
+  EXPECT_EQ(browser.XMLCheckItems, std::vector<std::string>{"{Enum}"});
 }
 
 }  // namespace
