@@ -21,39 +21,43 @@ void VbBlockParser::Run() {
 }
 
 bool VbBlockParser::EndsWithLambdaHeader(const VbStatement& st) {
+  // Read backwards from the end, once: [As Type] after ')', whose '(' follows Sub or
+  // Function where an operand may stand (after an operator, '(' or ',', '=' and so on,
+  // possibly with Async or Iterator before it).
   const VbToken* const begin = st.tokens.data();
-  const VbToken* const end = begin + st.tokens.size();
-  for (const VbToken* p = begin + 1; p < end; ++p) {
-    if (!p->Is(VbKeyword::Sub) && !p->Is(VbKeyword::Function)) continue;
-    // A lambda stands where an operand may: after an operator, '(' or ',', '=' and so
-    // on, possibly with Async or Iterator before it.
-    const VbToken* before = p - 1;
-    while (before > begin && (before->Is(VbKeyword::Async) || before->Is(VbKeyword::Iterator))) --before;
-    if (!ExpectsOperand(*before) || !(p + 1 < end && p[1].Is(VbPunct::LParen))) continue;
+  const VbToken* q = begin + st.tokens.size() - 1;
+  auto matchOpen = [&](const VbToken* close) -> const VbToken* {
     int depth = 0;
-    const VbToken* q = p + 1;
-    for (; q < end; ++q) {
-      if (q->Is(VbPunct::LParen)) ++depth;
-      else if (q->Is(VbPunct::RParen) && --depth == 0) break;
+    for (const VbToken* p = close; p >= begin; --p) {
+      if (p->Is(VbPunct::RParen)) ++depth;
+      else if (p->Is(VbPunct::LParen) && --depth == 0) return p;
     }
-    if (q >= end) return false;  // the parameter list runs to the end: no body follows
-    ++q;
-    if (q == end) return true;
-    if (q->Is(VbKeyword::As)) {
-      // "As Type" and nothing after it.
-      ++q;
-      int d = 0;
-      for (; q < end; ++q) {
-        if (q->Is(VbPunct::LParen)) ++d;
-        else if (q->Is(VbPunct::RParen)) --d;
-        else if (d == 0 && !(q->kind == VbTokenKind::Identifier || q->kind == VbTokenKind::Bracketed ||
-                             q->Is(VbPunct::Dot) || q->Is(VbPunct::Question)))
-          break;
-      }
-      if (q == end) return true;
+    return nullptr;
+  };
+  // An "As Type" at the end: names, dots, '?' and bracket groups back to As.
+  for (const VbToken* p = q; p > begin; --p) {
+    if (p->Is(VbKeyword::As)) {
+      q = p - 1;
+      break;
     }
+    if (p->Is(VbPunct::RParen)) {
+      const VbToken* open = matchOpen(p);
+      if (!open) break;
+      p = open;
+      continue;
+    }
+    if (!(p->kind == VbTokenKind::Bracketed || (p->kind == VbTokenKind::Identifier && p->keyword != VbKeyword::As) ||
+          p->Is(VbPunct::Dot) || p->Is(VbPunct::Question)))
+      break;
   }
-  return false;
+  if (!q->Is(VbPunct::RParen)) return false;
+  const VbToken* open = matchOpen(q);
+  if (!open || open - begin < 2) return false;
+  const VbToken* keyword = open - 1;
+  if (!keyword->Is(VbKeyword::Sub) && !keyword->Is(VbKeyword::Function)) return false;
+  const VbToken* before = keyword - 1;
+  while (before > begin && (before->Is(VbKeyword::Async) || before->Is(VbKeyword::Iterator))) --before;
+  return ExpectsOperand(*before);
 }
 
 void VbBlockParser::Dispatch(const VbStatement& st) {

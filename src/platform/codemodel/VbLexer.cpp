@@ -273,6 +273,9 @@ uint32_t VbLexer::ScanEmbeddedEnd(uint32_t pos) {
         t.kind != VbTokenKind::Continuation)
       previous = t;
     if (pos == before) ++pos;
+    // A literal inside gave up at the end of the text: so does this one, at once, so
+    // that nested attempts cannot each read the rest of the text again.
+    if (m_xmlDisabled) break;
   }
   if (!result) m_xmlDisabled = true;  // see ScanXmlEnd
   --m_depth;

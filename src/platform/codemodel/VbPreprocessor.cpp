@@ -203,7 +203,11 @@ class Evaluator {
       ++m_p;
       VbConstValue r = Shift();
       int cmp;
-      if (v.type == VbConstValue::Type::String && r.type == VbConstValue::Type::String) {
+      // A string against a string or Nothing compares as text (Nothing reads as "").
+      bool textual = (v.type == VbConstValue::Type::String || r.type == VbConstValue::Type::String) &&
+                     v.type != VbConstValue::Type::Number && r.type != VbConstValue::Type::Number &&
+                     v.type != VbConstValue::Type::Boolean && r.type != VbConstValue::Type::Boolean;
+      if (textual) {
         cmp = v.text.compare(r.text);
       } else {
         double a = ToNumber(v), b = ToNumber(r);
