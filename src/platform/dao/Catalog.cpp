@@ -498,8 +498,8 @@ void Catalog::StoreTable(Connection& connection, const std::string& schema, cons
       int n = 0;
       for (auto& f : *index->Fields()) {
         std::string column = Quote(fields->Item(f->Name())->Name());
-        create += (n ? ", " : "") + column + ((f->Attributes() & dbDescending) ? " DESC" : "");
-        if (index->IgnoreNulls()) where += (n ? " AND " : " WHERE ") + column + " IS NOT NULL";
+        create += std::string(n ? ", " : "") + column + ((f->Attributes() & dbDescending) ? " DESC" : "");
+        if (index->IgnoreNulls()) where += std::string(n ? " AND " : " WHERE ") + column + " IS NOT NULL";
         ++n;
       }
       connection.Exec(create + ")" + where);

@@ -179,7 +179,7 @@ Variant Field::DefaultAsValue() const {
   }
   Variant value;
   if (token.kind == SqlToken::Kind::Number) {
-    std::string digits = (negative ? "-" : "") + token.text;
+    std::string digits = std::string(negative ? "-" : "") + token.text;
     double d = ToDouble(Variant(digits));
     if (digits.find_first_of(".eE") == std::string::npos && std::fabs(d) <= 2147483647.0)
       value = Variant(static_cast<int>(d));

@@ -27,7 +27,7 @@ Recordset::Recordset(std::shared_ptr<Connection> connection, Ref<TableDef> table
     m_fieldList.push_back(field);
     if ((field->Attributes() & dbAutoIncrField) && m_autoNumber < 0) m_autoNumber = i;
     m_defaults.push_back(field->Attributes() & dbAutoIncrField ? Variant() : field->DefaultAsValue());
-    columns += (i ? ", " : "") + Catalog::Quote(field->Name());
+    columns += std::string(i ? ", " : "") + Catalog::Quote(field->Name());
     ++i;
   }
   m_current.resize(m_fieldList.size());
@@ -106,8 +106,8 @@ Statement& Recordset::InsertStatement(bool withAutoNumber) {
     int n = 0;
     for (size_t i = 0; i < m_fieldList.size(); ++i) {
       if (static_cast<int>(i) == m_autoNumber && !withAutoNumber) continue;
-      columns += (n ? ", " : "") + Catalog::Quote(m_fieldList[i]->Name());
-      values += (n ? ", ?" : "?") + std::to_string(i + 1);
+      columns += std::string(n ? ", " : "") + Catalog::Quote(m_fieldList[i]->Name());
+      values += std::string(n ? ", ?" : "?") + std::to_string(i + 1);
       ++n;
     }
     slot = std::make_unique<Statement>(
@@ -160,7 +160,7 @@ void Recordset::Update() {
     int n = 0;
     for (size_t i = 0; i < m_fieldList.size(); ++i) {
       if (!m_dirty[i]) continue;
-      sql += (n ? ", " : "") + Catalog::Quote(m_fieldList[i]->Name()) + "=?" + std::to_string(i + 1);
+      sql += std::string(n ? ", " : "") + Catalog::Quote(m_fieldList[i]->Name()) + "=?" + std::to_string(i + 1);
       ++n;
     }
     if (n > 0) {

@@ -21,7 +21,7 @@ int ErrorOf(const std::string& text) {
 
 std::string Texts(const std::vector<SqlToken>& tokens) {
   std::string out;
-  for (auto& t : tokens) out += (out.empty() ? "" : " ") + t.text;
+  for (auto& t : tokens) out += std::string(out.empty() ? "" : " ") + t.text;
   return out;
 }
 

@@ -68,6 +68,8 @@ std::string SqlTranslator::Expression(const std::vector<SqlToken>& tokens) {
   std::string out;
   for (size_t i = 0; i < tokens.size(); ++i) {
     const SqlToken& t = tokens[i];
+    // Literals are assigned as std::string temporaries: assigning a short literal into a
+    // string here trips a false -Wrestrict of GCC 12 at -O2.
     std::string piece;
     switch (t.kind) {
       case SqlToken::Kind::End: break;
@@ -81,9 +83,9 @@ std::string SqlTranslator::Expression(const std::vector<SqlToken>& tokens) {
         bool keyword = false;
         for (const char* k : kKeywords)
           if (t.Is(k)) keyword = true;
-        if (t.Is("TRUE")) piece = "-1";
-        else if (t.Is("FALSE")) piece = "0";
-        else if (t.Is("MOD")) piece = "%";
+        if (t.Is("TRUE")) piece = std::string("-1");
+        else if (t.Is("FALSE")) piece = std::string("0");
+        else if (t.Is("MOD")) piece = std::string("%");
         else if (t.Is("EQV") || t.Is("IMP") || t.Is("XOR")) Untranslatable(t.text);
         else if (keyword) piece = UpperAscii(t.text);
         else if (i + 1 < tokens.size() && tokens[i + 1].Is("(") && IsPlainWord(t.text)) piece = t.text;
@@ -91,8 +93,8 @@ std::string SqlTranslator::Expression(const std::vector<SqlToken>& tokens) {
         break;
       }
       case SqlToken::Kind::Symbol:
-        if (t.Is("&")) piece = "||";
-        else if (t.Is("!")) piece = ".";
+        if (t.Is("&")) piece = std::string("||");
+        else if (t.Is("!")) piece = std::string(".");
         else if (t.Is("?")) throw Error(err::kTooFewParameters);
         else if (t.Is("\\") || t.Is("^") || t.Is(";")) Untranslatable("'" + t.text + "'");
         else piece = t.text;

@@ -69,7 +69,7 @@ std::string StatementRunner::Qualified(const SqlStatement::Table& table) {
 }
 
 std::string StatementRunner::SelectPart(const SqlStatement& st, const std::string& selectList) {
-  std::string sql = std::string("SELECT ") + (st.distinct ? "DISTINCT " : "") + selectList +
+  std::string sql = std::string("SELECT ") + std::string(st.distinct ? "DISTINCT " : "") + selectList +
                     " FROM " + Qualified(st.source);
   if (!st.where.empty()) sql += " WHERE " + SqlTranslator::Expression(st.where);
   if (!st.orderBy.empty()) sql += " ORDER BY " + SqlTranslator::Expression(st.orderBy);
@@ -100,7 +100,7 @@ int64_t StatementRunner::Run(const SqlStatement& st) {
       std::string sql = "INSERT INTO " + Qualified(st.target);
       if (!st.columns.empty()) {
         sql += "(";
-        for (size_t i = 0; i < st.columns.size(); ++i) sql += (i ? ", " : "") + Catalog::Quote(st.columns[i]);
+        for (size_t i = 0; i < st.columns.size(); ++i) sql += std::string(i ? ", " : "") + Catalog::Quote(st.columns[i]);
         sql += ")";
       }
       m_connection.Exec(sql + " VALUES (" + SqlTranslator::Expression(st.values) + ")");
@@ -110,7 +110,7 @@ int64_t StatementRunner::Run(const SqlStatement& st) {
     case SqlStatement::Kind::Update: {
       std::string sql = "UPDATE " + Qualified(st.target) + " SET ";
       for (size_t i = 0; i < st.assignments.size(); ++i)
-        sql += (i ? ", " : "") + Catalog::Quote(st.assignments[i].first) + " = " +
+        sql += std::string(i ? ", " : "") + Catalog::Quote(st.assignments[i].first) + " = " +
                SqlTranslator::Expression(st.assignments[i].second);
       if (!st.where.empty()) sql += " WHERE " + SqlTranslator::Expression(st.where);
       m_connection.Exec(sql);
@@ -171,7 +171,7 @@ int64_t StatementRunner::RunSelectInto(const SqlStatement& st) {
   Catalog::StoreTable(m_connection, schema, *table);
   std::string columns;
   int n = 0;
-  for (auto& field : *table->Fields()) columns += (n++ ? ", " : "") + Catalog::Quote(field->Name());
+  for (auto& field : *table->Fields()) columns += std::string(n++ ? ", " : "") + Catalog::Quote(field->Name());
   m_connection.Exec("INSERT INTO " + Catalog::Quote(schema) + "." + Catalog::Quote(table->Name()) +
                     "(" + columns + ") " + select);
   return m_connection.Changes();
@@ -189,12 +189,12 @@ int64_t StatementRunner::RunInsertSelect(const SqlStatement& st) {
       if (!targetDef->Fields()->Contains(field->Name()))
         throw Error(err::kUnknownFieldName, "The INSERT INTO statement contains the following unknown field name: '" +
                                                 field->Name() + "'.");
-      columns += (n ? ", " : "") + Catalog::Quote(targetDef->Fields()->Item(field->Name())->Name());
-      selectList += (n ? ", " : "") + Catalog::Quote(field->Name());
+      columns += std::string(n ? ", " : "") + Catalog::Quote(targetDef->Fields()->Item(field->Name())->Name());
+      selectList += std::string(n ? ", " : "") + Catalog::Quote(field->Name());
       ++n;
     }
   } else {
-    for (size_t i = 0; i < st.columns.size(); ++i) columns += (i ? ", " : "") + Catalog::Quote(st.columns[i]);
+    for (size_t i = 0; i < st.columns.size(); ++i) columns += std::string(i ? ", " : "") + Catalog::Quote(st.columns[i]);
     selectList = SqlTranslator::Expression(st.selectList);
   }
   std::string sql = "INSERT INTO " + target + (columns.empty() ? "" : "(" + columns + ")") + " " +
