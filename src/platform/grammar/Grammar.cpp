@@ -66,20 +66,106 @@ bool Grammar::Analyse(std::string& error) {
   if (!CheckLeftRecursion(error)) return false;
   if (!CheckRepetitions(error)) return false;
   ComputeFirstSets();
+  InlineRules(false);
   Rewrite();
-  // A rule is memoised when its body refers to another rule: only those can be worth
-  // re-using, and memoising them is what bounds backtracking to linear time.
-  for (auto& r : rules) {
-    std::vector<int32_t> todo{r.body};
-    r.memoize = false;
-    while (!todo.empty() && !r.memoize) {
-      int32_t e = todo.back();
-      todo.pop_back();
-      if (exprs[e].op == Op::Rule) r.memoize = true;
-      for (int32_t k = 0; k < exprs[e].count; ++k) todo.push_back(kids[exprs[e].first + k]);
+  PlanMemoisation();
+  InlineRules(true);
+  BuildDispatch();
+  return true;
+}
+
+void Grammar::BuildDispatch() {
+  dispatch.clear();
+  for (auto& e : exprs) {
+    e.dispatch = -1;
+    if (e.op != Op::Choice || e.count > 255) continue;
+    std::array<uint8_t, 256> table;
+    for (int c = 0; c < 256; ++c) {
+      int32_t k = 0;
+      for (; k < e.count; ++k) {
+        const Expr& alt = exprs[kids[e.first + k]];
+        if (alt.nullable || classes[alt.firstSet][c]) break;
+      }
+      table[c] = static_cast<uint8_t>(k);
+    }
+    dispatch.push_back(table);
+    e.dispatch = static_cast<int32_t>(dispatch.size() - 1);
+  }
+}
+
+bool Grammar::RefersToRules(int32_t body) const {
+  std::vector<int32_t> todo{body};
+  std::vector<char> seen(exprs.size(), 0);
+  while (!todo.empty()) {
+    int32_t e = todo.back();
+    todo.pop_back();
+    if (seen[e]) continue;
+    seen[e] = 1;
+    if (exprs[e].op == Op::Rule) return true;
+    for (int32_t k = 0; k < exprs[e].count; ++k) todo.push_back(kids[exprs[e].first + k]);
+  }
+  return false;
+}
+
+void Grammar::PlanMemoisation() {
+  // Only a rule that can be called at the same position from two places can make
+  // backtracking repeat work, and only one that calls rules can make that repetition
+  // grow: those are memoised, which bounds the work to linear time. The rest is not
+  // worth a memo entry.
+  std::vector<int32_t> sites(rules.size(), 0);
+  std::vector<char> seen(exprs.size(), 0);
+  std::vector<int32_t> todo;
+  for (const auto& r : rules) todo.push_back(r.body);
+  while (!todo.empty()) {
+    int32_t e = todo.back();
+    todo.pop_back();
+    if (seen[e]) continue;
+    seen[e] = 1;
+    if (exprs[e].op == Op::Rule) ++sites[exprs[e].arg];
+    for (int32_t k = 0; k < exprs[e].count; ++k) todo.push_back(kids[exprs[e].first + k]);
+  }
+  for (size_t i = 0; i < rules.size(); ++i)
+    rules[i].memoize = sites[i] >= 2 && RefersToRules(rules[i].body);
+}
+
+void Grammar::InlineRules(bool withCalls) {
+  // A call of a rule that makes no node and is not memoised is replaced by the rule's
+  // body: same matches, same text, one evaluation less. First only rules that call no
+  // others; then (withCalls) every such rule, unless it calls itself.
+  bool changed = true;
+  while (changed) {
+    changed = false;
+    for (size_t i = 0; i < exprs.size(); ++i) {
+      if (exprs[i].op != Op::Rule) continue;
+      const Rule& r = rules[exprs[i].arg];
+      if (r.makesNode || r.memoize) continue;
+      if (RefersToRules(r.body) && (!withCalls || Contains(r.body, static_cast<int32_t>(i))))
+        continue;
+      int32_t line = exprs[i].line, column = exprs[i].column;
+      exprs[i] = exprs[r.body];
+      exprs[i].line = line;
+      exprs[i].column = column;
+      changed = true;
     }
   }
-  return true;
+}
+
+bool Grammar::Contains(int32_t root, int32_t target) const {
+  std::vector<int32_t> todo{root};
+  std::vector<char> seen(exprs.size(), 0);
+  while (!todo.empty()) {
+    int32_t e = todo.back();
+    todo.pop_back();
+    if (e == target) return true;
+    if (seen[e]) continue;
+    seen[e] = 1;
+    if (exprs[e].op == Op::Rule) {
+      todo.push_back(rules[exprs[e].arg].body);
+      continue;
+    }
+    for (int32_t k = 0; k < exprs[e].count; ++k) todo.push_back(kids[exprs[e].first + k]);
+  }
+  return false;
 }
 
 bool Grammar::ComputeNullable() {

@@ -38,6 +38,7 @@ struct Expr {
   int32_t count = 0;
   bool nullable = false;  // can succeed without consuming anything
   int32_t firstSet = -1;  // classes index: the bytes a non-empty match can start with
+  int32_t dispatch = -1;  // Choice: Grammar::dispatch index
   int32_t line = 0;       // where it was written (1-based), for messages
   int32_t column = 0;
 };
@@ -49,7 +50,7 @@ struct Rule {
   int32_t body = -1;      // expression index
   int32_t nameId = 0;     // same id for rules of the same name in different grammars
   bool makesNode = true;  // false for names that begin with "_"
-  bool memoize = false;   // its result is kept per position (it refers to other rules)
+  bool memoize = false;   // its result is kept per position (see PlanMemoisation)
   bool nullable = false;
   int32_t firstSet = -1;
   int32_t line = 0;
@@ -72,6 +73,9 @@ class Grammar {
   std::vector<std::string> literals;
   std::vector<ByteClass> classes;
   std::vector<std::string> names;  // by nameId
+  // Per choice, per byte: the first alternative that can match a text starting with it
+  // (the number of alternatives when none can).
+  std::vector<std::array<uint8_t, 256>> dispatch;
 
   /// The index of the rule named `name`: "Grammar.Rule", or a bare "Rule" when exactly
   /// one grammar has a rule of that name; -1 when there is none.
@@ -97,6 +101,11 @@ class Grammar {
   bool CheckRepetitions(std::string& error);
   void ComputeFirstSets();
   void Rewrite();
+  void PlanMemoisation();
+  void BuildDispatch();
+  void InlineRules(bool withCalls);
+  bool RefersToRules(int32_t body) const;
+  bool Contains(int32_t root, int32_t target) const;
   bool IsByteClass(int32_t e, ByteClass& out, int depth) const;
   std::string Where(int32_t line, int32_t column) const;
 };

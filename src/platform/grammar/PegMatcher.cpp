@@ -1,7 +1,6 @@
 #include "platform/grammar/PegMatcher.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace platform::grammar {
 namespace {
@@ -198,26 +197,30 @@ int32_t PegMatcher::EvalRule(int32_t r, int32_t pos) {
 }
 
 int32_t PegMatcher::Eval(int32_t e, int32_t pos) {
+  const Expr& x = m_g.exprs[e];
+  // Terminals take bounded work (long scans are counted where they run) and call
+  // nothing, so they skip the depth and budget accounting.
+  if (x.op <= Op::Any || x.op >= Op::ClassStar) return Terminal(x, pos);
   if (++m_steps > m_budget || m_depth >= kMaxDepth) {
     Abort(pos);
     return -1;
   }
   ++m_depth;
-  int32_t r = Dispatch(e, pos);
+  int32_t r = Dispatch(x, pos);
   --m_depth;
   return r;
 }
 
-int32_t PegMatcher::Dispatch(int32_t e, int32_t pos) {
-  const Expr& x = m_g.exprs[e];
+int32_t PegMatcher::Terminal(const Expr& x, int32_t pos) {
   switch (x.op) {
-    case Op::Empty:
-      return pos;
     case Op::Literal: {
       const std::string& s = m_g.literals[x.arg];
       int32_t len = static_cast<int32_t>(s.size());
-      if (len > m_n - pos || std::memcmp(m_in + pos, s.data(), s.size()) != 0) return -1;
-      return len ? Consumed(pos + len) : pos;
+      if (len == 0) return pos;
+      if (len > m_n - pos || m_in[pos] != static_cast<unsigned char>(s[0])) return -1;
+      for (int32_t i = 1; i < len; ++i)
+        if (m_in[pos + i] != static_cast<unsigned char>(s[i])) return -1;
+      return Consumed(pos + len);
     }
     case Op::LiteralI: {
       const std::string& s = m_g.literals[x.arg];
@@ -251,6 +254,13 @@ int32_t PegMatcher::Dispatch(int32_t e, int32_t pos) {
       m_steps += (p - pos) >> 3;
       return p > pos ? Consumed(p) : pos;
     }
+    default:
+      return pos;  // Empty
+  }
+}
+
+int32_t PegMatcher::Dispatch(const Expr& x, int32_t pos) {
+  switch (x.op) {
     case Op::Seq:
       for (int32_t k = 0; k < x.count && pos >= 0; ++k) pos = Eval(m_g.kids[x.first + k], pos);
       return pos;
@@ -259,7 +269,8 @@ int32_t PegMatcher::Dispatch(int32_t e, int32_t pos) {
       int32_t cs = m_capStart, ce = m_capEnd;
       bool atEnd = pos >= m_n;
       unsigned char c = atEnd ? 0 : m_in[pos];
-      for (int32_t k = 0; k < x.count; ++k) {
+      int32_t k = (atEnd || x.dispatch < 0) ? 0 : m_g.dispatch[x.dispatch][c];
+      for (; k < x.count; ++k) {
         int32_t kid = m_g.kids[x.first + k];
         const Expr& alt = m_g.exprs[kid];
         if (!alt.nullable && (atEnd || !m_g.classes[alt.firstSet][c])) continue;
@@ -330,8 +341,9 @@ int32_t PegMatcher::Dispatch(int32_t e, int32_t pos) {
       }
       return r;
     }
+    default:
+      return Terminal(x, pos);
   }
-  return -1;
 }
 
 void PegMatcher::Build(ParseTree& tree) {

@@ -54,7 +54,8 @@ class PegMatcher {
 
   bool Run(int32_t startRule, int32_t abortAt);
   int32_t Eval(int32_t e, int32_t pos);
-  int32_t Dispatch(int32_t e, int32_t pos);
+  int32_t Dispatch(const Expr& x, int32_t pos);
+  int32_t Terminal(const Expr& x, int32_t pos);
   int32_t EvalRule(int32_t r, int32_t pos);
   int32_t Consumed(int32_t end);
   void Abort(int32_t pos);
