@@ -90,6 +90,7 @@ size_t VbLexer::BlankAt(size_t pos) const {
   if (c == ' ' || c == '\t' || c == '\f' || c == '\v') return 1;
   if (c == 0xC2 && pos + 1 < m_text.size() && static_cast<unsigned char>(m_text[pos + 1]) == 0xA0) return 2;
   if (c == 0xE3 && m_text.compare(pos, 3, "\xE3\x80\x80") == 0) return 3;
+  if (c == 0xEF && m_text.compare(pos, 3, "\xEF\xBB\xBF") == 0) return 3;  // a byte-order mark left in the text
   return 0;
 }
 

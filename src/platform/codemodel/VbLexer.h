@@ -120,7 +120,7 @@ class VbLexer {
   VbToken Scan(uint32_t& pos, const VbScanContext& context);
 
   /// The number of blank bytes at `pos` (space, tab, form feed, no-break and ideographic
-  /// spaces), 0 when there is none.
+  /// spaces, a byte-order mark), 0 when there is none.
   size_t BlankAt(size_t pos) const;
   /// Skips blanks from `pos`.
   uint32_t SkipBlanks(uint32_t pos) const;
