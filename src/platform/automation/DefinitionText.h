@@ -25,6 +25,9 @@ std::string DecodeKnownText(std::string_view bytes, const std::filesystem::path&
 /// the text does not parse.
 std::unique_ptr<pugi::xml_document> ReadDefinitionXml(const std::filesystem::path& path);
 
+/// `path` in single quotes, as the loader's messages name files.
+std::string QuotedPath(const std::filesystem::path& path);
+
 /// Parses `text` (UTF-8) as XML; the error names `path` as ReadDefinitionXml's does.
 std::unique_ptr<pugi::xml_document> ParseDefinitionXml(const std::string& text,
                                                        const std::filesystem::path& path);

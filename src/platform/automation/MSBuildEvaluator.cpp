@@ -88,11 +88,14 @@ struct TypeItems {
 
 class Evaluator {
  public:
-  Evaluator(const fs::path& projectFile, const MSBuildOptions& options, const std::string& targetFramework)
+  // `platform` and `targetFramework` ("" for none) are made global besides the options'.
+  Evaluator(const fs::path& projectFile, const MSBuildOptions& options, const std::string& targetFramework,
+            const std::string& platform)
       : m_projectFile(NormalizedAbsolute(projectFile)), m_options(options) {
     m_projectDir = m_projectFile.parent_path();
     for (auto& [name, value] : options.globalProperties) m_props.SetGlobal(name, value);
     if (!targetFramework.empty()) m_props.SetGlobal("TargetFramework", targetFramework);
+    if (!platform.empty() && !m_props.IsGlobal("Platform")) m_props.SetGlobal("Platform", platform);
   }
 
   // Runs the property pass: every property, import and Choose in order; item groups
@@ -101,13 +104,15 @@ class Evaluator {
     SourceFile& project = Load(m_projectFile);
     auto root = project.doc->document_element();
     if (LowerAscii(root.name()) != "project")
-      throw Error(err::kInvalidCall, "'" + m_projectFile.string() + "' is not a project file: its root element is <" +
+      throw Error(err::kInvalidCall, QuotedPath(m_projectFile) + " is not a project file: its root element is <" +
                                          std::string(root.name()) + ">");
     m_sdkStyle = !Trim(root.attribute("Sdk").value()).empty();
     for (auto child : root.children()) {
       std::string name = LowerAscii(child.name());
       if (name == "sdk" || (name == "import" && !Trim(child.attribute("Sdk").value()).empty())) m_sdkStyle = true;
     }
+    if (m_sdkStyle && !m_options.defaultPlatform.empty() && !m_props.IsGlobal("Platform"))
+      m_props.SetGlobal("Platform", m_options.defaultPlatform);
     SetReservedProperties();
     m_imported.insert(LowerAscii(m_projectFile.string()));
 
@@ -218,7 +223,7 @@ class Evaluator {
   void ImportFile(const fs::path& rawPath, int depth) {
     fs::path path = NormalizedAbsolute(rawPath);
     if (depth > kMaxImportDepth || m_files.size() > kMaxImports) {
-      m_warnings.push_back("'" + path.string() + "' was not imported: too many nested imports");
+      m_warnings.push_back(QuotedPath(path) + " was not imported: too many nested imports");
       return;
     }
     // A file imported before (or importing itself) is skipped, as the build does.
@@ -486,16 +491,20 @@ std::string MSBuildItem::Metadata(std::string_view name) const {
 }
 
 MSBuildProject EvaluateMSBuildProject(const std::filesystem::path& projectFile, const MSBuildOptions& options) {
-  auto evaluator = std::make_unique<Evaluator>(projectFile, options, "");
-  evaluator->PropertyPass();
+  auto run = [&](const std::string& targetFramework, const std::string& platform) {
+    auto evaluator = std::make_unique<Evaluator>(projectFile, options, targetFramework, platform);
+    evaluator->PropertyPass();
+    return evaluator;
+  };
+  auto evaluator = run("", "");
+  // A legacy project that names no platform of its own is seen under the default one.
+  if (!evaluator->SdkStyle() && !options.defaultPlatform.empty() && evaluator->Properties().Get("Platform").empty())
+    evaluator = run("", options.defaultPlatform);
   // A project built for several frameworks is seen as its build for the first one.
   const MSBuildProperties& props = evaluator->Properties();
   if (evaluator->SdkStyle() && props.Get("TargetFramework").empty() && !props.IsGlobal("TargetFramework")) {
     auto frameworks = SplitMSBuildList(MSBuildUnescape(props.Get("TargetFrameworks")));
-    if (!frameworks.empty()) {
-      evaluator = std::make_unique<Evaluator>(projectFile, options, frameworks.front());
-      evaluator->PropertyPass();
-    }
+    if (!frameworks.empty()) evaluator = run(frameworks.front(), "");
   }
   evaluator->ItemPass();
   return evaluator->Result();

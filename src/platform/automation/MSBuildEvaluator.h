@@ -32,6 +32,11 @@ struct MSBuildProject {
 struct MSBuildOptions {
   /// Properties the project cannot change (Configuration, Platform, ...).
   std::vector<std::pair<std::string, std::string>> globalProperties;
+  /// The platform for projects that do not choose one: SDK-style projects are
+  /// evaluated under it; legacy projects under the platform they default to
+  /// (<Platform Condition="'$(Platform)' == ''">x86</Platform>), or under this one when
+  /// they name none. "" leaves Platform alone. A Platform among `globalProperties` wins.
+  std::string defaultPlatform;
   /// The extension of the language's sources (".cs", ".vb"), which SDK-style projects
   /// take as their compile items by default.
   std::string sourceExtension = ".cs";

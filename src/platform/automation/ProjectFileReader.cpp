@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "platform/automation/AutomationConstants.h"
+#include "platform/automation/DefinitionText.h"
 #include "platform/automation/FileGlob.h"
 #include "platform/automation/FrameworkSymbols.h"
 #include "platform/automation/MSBuildEvaluator.h"
@@ -32,10 +33,10 @@ std::string NameFor(const fs::path& projectFile, const ProjectFileOptions& optio
   return options.name.empty() ? projectFile.stem().string() : options.name;
 }
 
-MSBuildOptions EvaluationOptions(const std::string& language, const fs::path& solutionPath, bool withPlatform) {
+MSBuildOptions EvaluationOptions(const std::string& language, const fs::path& solutionPath) {
   MSBuildOptions o;
   o.globalProperties = {{"Configuration", "Debug"}};
-  if (withPlatform) o.globalProperties.emplace_back("Platform", "AnyCPU");
+  o.defaultPlatform = "AnyCPU";
   o.sourceExtension = language == "VB" ? ".vb" : ".cs";
   o.solutionPath = solutionPath;
   return o;
@@ -91,14 +92,8 @@ Ref<Project> ReadProjectFile(const fs::path& projectFile, const ProjectFileOptio
   const fs::path file = NormalizedAbsolute(projectFile);
   const std::string language = ProjectFileLanguage(file);
   if (language.empty())
-    throw Error(err::kInvalidCall, "'" + file.string() + "' is not a C# or Visual Basic project file");
-  MSBuildProject evaluated = EvaluateMSBuildProject(file, EvaluationOptions(language, options.solutionPath, true));
-  if (!evaluated.sdkStyle && evaluated.properties.Get("DefineConstants").empty()) {
-    // Older projects may define their Debug configuration for one platform only
-    // (Debug|x86); take the platform the project itself defaults to.
-    MSBuildProject own = EvaluateMSBuildProject(file, EvaluationOptions(language, options.solutionPath, false));
-    if (!own.properties.Get("DefineConstants").empty()) evaluated = std::move(own);
-  }
+    throw Error(err::kInvalidCall, QuotedPath(file) + " is not a C# or Visual Basic project file");
+  MSBuildProject evaluated = EvaluateMSBuildProject(file, EvaluationOptions(language, options.solutionPath));
   for (auto& w : evaluated.warnings) warnings.push_back("project '" + NameFor(file, options) + "': " + w);
 
   std::string kind = IsLanguageKind(options.kind) ? options.kind : KindFor(language, evaluated.sdkStyle);

@@ -28,9 +28,9 @@ struct ProjectFileOptions {
 };
 
 /// Reads the C# or VB project file `projectFile` into a Project: evaluated as
-/// EvaluateMSBuildProject does under Configuration=Debug and Platform=AnyCPU (a legacy
-/// project without DefineConstants there is evaluated again under its own default
-/// platform); its Compile, None, Content, EmbeddedResource, Page, ApplicationDefinition,
+/// EvaluateMSBuildProject does under Configuration=Debug and, for SDK-style projects,
+/// Platform=AnyCPU (legacy projects under the platform they default to, AnyCPU when they
+/// name none, so that their Debug configuration is the one read); its Compile, None, Content, EmbeddedResource, Page, ApplicationDefinition,
 /// Resource and Folder items become ProjectItems (Link names where a file is shown; a
 /// file outside the project folder without one is shown at the top; DependentUpon nests
 /// it), and its symbols are set for the language (CSharpSymbols or VbSymbols, with the

@@ -14,6 +14,14 @@ std::string Trim(std::string_view s) {
   return std::string(s.substr(a, b - a + 1));
 }
 
+// `text` in double quotes: a VB string constant.
+std::string Quote(std::string_view text) {
+  std::string out(1, '"');
+  out += text;
+  out += '"';
+  return out;
+}
+
 }  // namespace
 
 codemodel::PreprocessorSymbols CSharpSymbols(std::string_view defineConstants,
@@ -56,9 +64,9 @@ codemodel::PreprocessorSymbols VbSymbols(std::string_view defineConstants, std::
   };
   set("DEBUG", "-1");
   set("TRACE", "-1");
-  set("CONFIG", "\"" + std::string(configuration) + "\"");
-  set("PLATFORM", "\"" + std::string(platform) + "\"");
-  if (!Trim(myType).empty()) set("_MyType", "\"" + Trim(myType) + "\"");
+  set("CONFIG", Quote(configuration));
+  set("PLATFORM", Quote(platform));
+  if (!Trim(myType).empty()) set("_MyType", Quote(Trim(myType)));
   for (auto& s : frameworkSymbols) set(s, "-1");
   // Pairs are split at separators outside double quotes: Text="a,b" stays whole.
   std::vector<std::string> pairs(1);

@@ -56,7 +56,7 @@ class LineScanner {
 };
 
 [[noreturn]] void Malformed(const std::filesystem::path& path, size_t line, const std::string& what) {
-  throw Error(err::kInvalidCall, "'" + path.string() + "' line " + std::to_string(line) + ": " + what);
+  throw Error(err::kInvalidCall, QuotedPath(path) + " line " + std::to_string(line) + ": " + what);
 }
 
 }  // namespace
@@ -68,7 +68,7 @@ SolutionDescription ParseSln(const std::string& text, const std::filesystem::pat
   bool sawHeader = false;
   size_t lineNo = 0, blockStart = 0;
   std::vector<std::pair<std::string, std::string>> nesting;  // child id, parent id (upper case)
-  size_t pos = 0;
+  size_t pos = text.compare(0, 3, "\xEF\xBB\xBF") == 0 ? 3 : 0;  // a mark left in the text
   while (pos <= text.size()) {
     size_t end = text.find('\n', pos);
     if (end == std::string::npos) end = text.size();
@@ -78,8 +78,8 @@ SolutionDescription ParseSln(const std::string& text, const std::filesystem::pat
     if (line.empty() || line[0] == '#') continue;
     if (!sawHeader) {
       if (!StartsWith(line, "Microsoft Visual Studio Solution File"))
-        throw Error(err::kInvalidCall, "'" + slnPath.string() +
-                                           "' is not a solution file: it does not begin with "
+        throw Error(err::kInvalidCall, QuotedPath(slnPath) +
+                                           " is not a solution file: it does not begin with "
                                            "\"Microsoft Visual Studio Solution File\"");
       sawHeader = true;
       continue;
@@ -148,7 +148,7 @@ SolutionDescription ParseSln(const std::string& text, const std::filesystem::pat
     }
   }
   if (!sawHeader)
-    throw Error(err::kInvalidCall, "'" + slnPath.string() + "' is not a solution file: it is empty");
+    throw Error(err::kInvalidCall, QuotedPath(slnPath) + " is not a solution file: it is empty");
   if (state == State::Project || state == State::SolutionItems || state == State::OtherSection)
     Malformed(slnPath, blockStart, "Project without EndProject");
   if (state != State::Top) Malformed(slnPath, blockStart, "Global without EndGlobal");
@@ -156,13 +156,13 @@ SolutionDescription ParseSln(const std::string& text, const std::filesystem::pat
   std::unordered_map<std::string, size_t> byId;
   for (size_t i = 0; i < out.entries.size(); ++i) {
     if (!byId.emplace(out.entries[i].id, i).second)
-      out.warnings.push_back("'" + slnPath.string() + "': project identifier " + out.entries[i].id +
+      out.warnings.push_back(QuotedPath(slnPath) + ": project identifier " + out.entries[i].id +
                              " is used twice");
   }
   for (auto& [child, parent] : nesting) {
     auto it = byId.find(child);
     if (it == byId.end()) {
-      out.warnings.push_back("'" + slnPath.string() + "': NestedProjects names the unknown project " + child);
+      out.warnings.push_back(QuotedPath(slnPath) + ": NestedProjects names the unknown project " + child);
       continue;
     }
     out.entries[it->second].parentId = parent;

@@ -52,7 +52,7 @@ class Reader {
       if (name == "folder") {
         std::string id = FolderId(child.attribute("Name").value());
         if (id.empty()) {
-          m_out.warnings.push_back("'" + m_path.string() + "': a Folder without a Name is ignored");
+          m_out.warnings.push_back(QuotedPath(m_path) + ": a Folder without a Name is ignored");
           continue;
         }
         Walk(child, id, depth + 1);
@@ -98,7 +98,7 @@ class Reader {
     SolutionEntry entry;
     entry.path = Slashes(Trim(node.attribute("Path").value()));
     if (entry.path.empty()) {
-      m_out.warnings.push_back("'" + m_path.string() + "': a Project without a Path is ignored");
+      m_out.warnings.push_back(QuotedPath(m_path) + ": a Project without a Path is ignored");
       return;
     }
     std::string trimmed = entry.path;
@@ -124,7 +124,7 @@ SolutionDescription ReadSlnx(const std::filesystem::path& slnxPath) {
   auto doc = ReadDefinitionXml(slnxPath);
   auto root = doc->document_element();
   if (LowerAscii(root.name()) != "solution")
-    throw Error(err::kInvalidCall, "'" + slnxPath.string() + "' is not a solution file: its root element is <" +
+    throw Error(err::kInvalidCall, QuotedPath(slnxPath) + " is not a solution file: its root element is <" +
                                        std::string(root.name()) + ">");
   SolutionDescription out;
   Reader(slnxPath, out).Walk(root, "", 0);

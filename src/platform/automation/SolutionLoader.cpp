@@ -26,8 +26,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Quoted(const fs::path& p) { return "'" + p.string() + "'"; }
-
 // The canonical spelling of a known project kind (solutions write some in other
 // letter cases); other kinds as written.
 std::string CanonicalKind(const std::string& kind) {
@@ -76,9 +74,10 @@ Ref<Project> LoadEntry(const SolutionEntry& entry, const fs::path& slnPath, cons
   const bool url = entry.path.find("://") != std::string::npos;
   const fs::path path = url ? fs::path(entry.path) : Resolve(entry.path, slnDir);
   std::error_code ec;
-  if (kind == kProjectKindWebSite || (!url && !entry.path.empty() && fs::is_directory(path, ec))) {
+  // A web site names its folder; so may an entry of a .slnx that gives no type.
+  if (kind == kProjectKindWebSite || (kind.empty() && !url && !entry.path.empty() && fs::is_directory(path, ec))) {
     if (url || !fs::is_directory(path, ec)) {
-      warnings.push_back("web site '" + entry.name + "' cannot be read: " + Quoted(path) + " is not a folder");
+      warnings.push_back("web site '" + entry.name + "' cannot be read: " + QuotedPath(path) + " is not a folder");
       auto site = std::make_shared<Project>(entry.name, kProjectKindWebSite, path, dte);
       site->SetObject(std::make_shared<WebSiteProject>());
       return site;
@@ -113,7 +112,7 @@ void BuildSolution(const SolutionDescription& description, const fs::path& slnPa
     if (entries[i].parentId.empty()) continue;
     auto it = byId.find(LowerAscii(entries[i].parentId));
     if (it == byId.end() || !entries[it->second].folder) {
-      warnings.push_back("'" + slnPath.string() + "': '" + entries[i].name +
+      warnings.push_back(QuotedPath(slnPath) + ": '" + entries[i].name +
                          "' is nested in something that is not a solution folder; it is shown at the top");
       continue;
     }
@@ -123,7 +122,7 @@ void BuildSolution(const SolutionDescription& description, const fs::path& slnPa
     size_t steps = 0;
     for (size_t cur = parentOf[i]; cur != SIZE_MAX && steps <= entries.size(); cur = parentOf[cur], ++steps) {
       if (cur == i) {
-        warnings.push_back("'" + slnPath.string() + "': solution folder '" + entries[i].name +
+        warnings.push_back(QuotedPath(slnPath) + ": solution folder '" + entries[i].name +
                            "' is nested in itself; it is shown at the top");
         parentOf[i] = SIZE_MAX;
         break;
@@ -150,7 +149,7 @@ void BuildSolution(const SolutionDescription& description, const fs::path& slnPa
       auto item = std::make_shared<ProjectItem>(file.filename().string(), vsProjectItemKindPhysicalFile, file);
       projects[i]->ProjectItems()->Add(item);
       if (!fs::exists(file, ec))
-        warnings.push_back("solution folder '" + entries[i].name + "': file " + Quoted(file) + " does not exist");
+        warnings.push_back("solution folder '" + entries[i].name + "': file " + QuotedPath(file) + " does not exist");
     }
     projects[i]->ProjectItems()->SortByName();
   }
@@ -219,7 +218,7 @@ LoadResult OpenFolder(const fs::path& folder) {
   if (solutions.size() == 1) return OpenSolutionFile(solutions[0], LowerAscii(solutions[0].extension().string()) == ".slnx");
   std::vector<std::string> warnings;
   if (solutions.size() > 1)
-    warnings.push_back(Quoted(folder) + " holds several solution files; its project files are opened instead");
+    warnings.push_back(QuotedPath(folder) + " holds several solution files; its project files are opened instead");
   auto projectFiles = FilesIn(folder, {".csproj", ".vbproj"});
   if (projectFiles.empty()) {
     std::vector<PathPattern> excludes;
@@ -237,7 +236,7 @@ LoadResult OpenFolder(const fs::path& folder) {
     return result;
   }
   if (SourceFilesBelow(folder).empty())
-    throw Error(err::kInvalidCall, Quoted(folder) + " holds no solution, project or C#/VB source file");
+    throw Error(err::kInvalidCall, QuotedPath(folder) + " holds no solution, project or C#/VB source file");
   std::string name = folder.filename().string();
   if (name.empty()) name = folder.string();
   result.dte->Solution()->Projects()->Add(ReadWebSite(folder, name, result.dte, result.warnings));
@@ -251,14 +250,14 @@ LoadResult OpenSolution(const std::filesystem::path& rawPath) {
   const fs::path path = NormalizedAbsolute(rawPath);
   std::error_code ec;
   auto status = fs::status(path, ec);
-  if (!fs::exists(status)) throw Error(err::kFileNotFound, Quoted(path) + " does not exist");
+  if (!fs::exists(status)) throw Error(err::kFileNotFound, QuotedPath(path) + " does not exist");
   if (fs::is_directory(status)) return OpenFolder(path);
   std::string ext = LowerAscii(path.extension().string());
   if (ext == ".sln") return OpenSolutionFile(path, false);
   if (ext == ".slnx") return OpenSolutionFile(path, true);
   if (ext == ".csproj" || ext == ".vbproj") return OpenProjectFile(path);
   if (ext == ".cs" || ext == ".vb") return OpenSourceFile(path);
-  throw Error(err::kInvalidCall, Quoted(path) +
+  throw Error(err::kInvalidCall, QuotedPath(path) +
                                      " is not a solution (.sln, .slnx), project (.csproj, .vbproj) or "
                                      "source file (.cs, .vb)");
 }
