@@ -63,7 +63,7 @@ void PegMatcher::Abort(int32_t pos) {
   m_abortPos = pos;
 }
 
-int32_t PegMatcher::Consumed(int32_t end) {
+inline int32_t PegMatcher::Consumed(int32_t end) {
   if (m_predicates == 0) {
     if (end > m_farthest) m_farthest = end;
     if (m_abortAt > 0 && end >= m_abortAt) {
@@ -196,22 +196,7 @@ int32_t PegMatcher::EvalRule(int32_t r, int32_t pos) {
   return end;
 }
 
-int32_t PegMatcher::Eval(int32_t e, int32_t pos) {
-  const Expr& x = m_g.exprs[e];
-  // Terminals take bounded work (long scans are counted where they run) and call
-  // nothing, so they skip the depth and budget accounting.
-  if (x.op <= Op::Any || x.op >= Op::ClassStar) return Terminal(x, pos);
-  if (++m_steps > m_budget || m_depth >= kMaxDepth) {
-    Abort(pos);
-    return -1;
-  }
-  ++m_depth;
-  int32_t r = Dispatch(x, pos);
-  --m_depth;
-  return r;
-}
-
-int32_t PegMatcher::Terminal(const Expr& x, int32_t pos) {
+[[gnu::always_inline]] inline int32_t PegMatcher::Terminal(const Expr& x, int32_t pos) {
   switch (x.op) {
     case Op::Literal: {
       const std::string& s = m_g.literals[x.arg];
@@ -259,10 +244,29 @@ int32_t PegMatcher::Terminal(const Expr& x, int32_t pos) {
   }
 }
 
+int32_t PegMatcher::Eval(int32_t e, int32_t pos) {
+  const Expr& x = m_g.exprs[e];
+  // Terminals take bounded work (long scans are counted where they run) and call
+  // nothing, so they skip the depth and budget accounting.
+  if (x.op <= Op::Any || x.op >= Op::ClassStar) return Terminal(x, pos);
+  if (++m_steps > m_budget || m_depth >= kMaxDepth) {
+    Abort(pos);
+    return -1;
+  }
+  ++m_depth;
+  int32_t r = Dispatch(x, pos);
+  --m_depth;
+  return r;
+}
+
 int32_t PegMatcher::Dispatch(const Expr& x, int32_t pos) {
   switch (x.op) {
     case Op::Seq:
-      for (int32_t k = 0; k < x.count && pos >= 0; ++k) pos = Eval(m_g.kids[x.first + k], pos);
+      for (int32_t k = 0; k < x.count && pos >= 0; ++k) {
+        const Expr& kid = m_g.exprs[m_g.kids[x.first + k]];
+        pos = (kid.op <= Op::Any || kid.op >= Op::ClassStar) ? Terminal(kid, pos)
+                                                             : Eval(m_g.kids[x.first + k], pos);
+      }
       return pos;
     case Op::Choice: {
       size_t mark = m_stack.size();
