@@ -5,11 +5,15 @@
 #include "host/MGlobals.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/SolutionLoader.h"
+#include "platform/dao/Database.h"
+#include "platform/dao/Workspace.h"
+#include "platform/forms/ScriptedPresenter.h"
 #include "platform/core/Error.h"
 #include "platform/forms/MessageBox.h"
 #include "platform/suite/ErrorReport.h"
 #include "platform/suite/IniSettingsStore.h"
 #include "platform/suite/ServiceObject.h"
+#include "platform/suite/TeamDatabase.h"
 #include "platform/win32/Keyboard.h"
 
 namespace app {
@@ -20,6 +24,9 @@ Host::Host() {
   platform::suite::ErrorReport::Install(std::make_shared<platform::suite::StderrErrorReport>());
   platform::forms::MessageBoxPresenter::Install(std::make_shared<platform::forms::ConsoleMessageBoxes>());
   platform::win32::KeyboardState::Install(std::make_shared<platform::win32::SigintKeyboard>());
+  // Nobody sits at a modal form on the command line: an empty script closes each one
+  // through its close box. Commands that play the user install their own script.
+  platform::forms::Presenter::Install(std::make_shared<platform::forms::ScriptedPresenter>());
   std::string data = MGlobals::Service()->DataFolder();
   MGlobals::AppSettingsObject_HKCU = std::make_shared<platform::suite::IniSettingsStore>(data + "settings.ini");
   MGlobals::AppSettingsObject_HKLM =
@@ -27,7 +34,46 @@ Host::Host() {
   MGlobals::Service()->TakeSettings(MGlobals::AppSettingsObject_HKCU);
 }
 
-Host::~Host() = default;
+Host::~Host() {
+  DropResultsDatabase();
+  MGlobals::DTEObject.reset();
+  MGlobals::TeamDB.reset();
+  MGlobals::PersonalDB.reset();
+}
+
+bool Host::OpenDatabases() {
+  namespace dao = platform::dao;
+  MGlobals::WorkspaceObject = std::make_shared<dao::Workspace>();
+  try {
+    MGlobals::TeamDB = platform::suite::TeamDatabase::OpenOrCreate(
+        *MGlobals::WorkspaceObject, platform::suite::TeamDatabase::DefaultPath());
+  } catch (const platform::Error& e) {
+    std::fprintf(stderr, "annotra: the team database <%s> cannot be opened: %s\n",
+                 platform::suite::TeamDatabase::DefaultPath().c_str(), e.description.c_str());
+    return false;
+  }
+  // The personal database is only handed on to the templates manager; a missing or
+  // unreadable one is no reason to stop.
+  std::string personal = MGlobals::Service()->DataFolder() + "personal.db";
+  try {
+    MGlobals::PersonalDB = MGlobals::WorkspaceObject->OpenDatabase(personal);
+  } catch (const platform::Error&) {
+    MGlobals::PersonalDB.reset();
+  }
+  return true;
+}
+
+void Host::DropResultsDatabase() {
+  if (!MGlobals::XMLAnalyzerDb_IsCreated()) return;
+  std::string file = MGlobals::XMLAnalyzerDbFile();
+  try {
+    MGlobals::g_XMLAnalyzerDb->Close();
+  } catch (const platform::Error&) {
+  }
+  std::error_code ec;
+  std::filesystem::remove(file, ec);
+  MGlobals::EraseXMLAnalyzerDbObject();
+}
 
 bool Host::OpenSolution(const std::filesystem::path& path) {
   try {

@@ -33,6 +33,15 @@ class Host {
 
   const platform::Ref<platform::automation::DTE>& dte() const { return m_dte; }
 
+  /// Hands the component the database workspace, the team database (made with the
+  /// default templates when missing) and the personal database. False, after a message,
+  /// when the team database cannot be opened or made.
+  bool OpenDatabases();
+
+  /// Closes the temporary results database and deletes its file, as the component's
+  /// shutdown does.
+  void DropResultsDatabase();
+
  private:
   platform::Ref<platform::automation::DTE> m_dte;
 };

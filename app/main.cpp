@@ -4,13 +4,18 @@
 #include <iostream>
 #include <string>
 
+#include "AnalyzeCommand.h"
 #include "CodemodelCommand.h"
 #include "Host.h"
 #include "SolutionCommand.h"
+#include "TemplatesCommand.h"
 
 int main(int argc, char** argv) {
   CLI::App cli{"annotra: reviews how well the C# and Visual Basic .NET code of a solution is commented"};
   cli.require_subcommand(1);
+
+  app::AnalyzeRequest analyzeRequest;
+  auto* analyze = app::AddAnalyzeCommand(cli, analyzeRequest);
 
   std::string solutionPath;
   auto* solution = cli.add_subcommand("solution", "Show the solution as the walk sees it: projects, folders, items and their languages");
@@ -20,6 +25,11 @@ int main(int argc, char** argv) {
   auto* codemodel = cli.add_subcommand("codemodel", "Print the code model of every C# and VB file as JSON lines");
   codemodel->add_option("PATH", codemodelPath, "A .sln, .slnx, .csproj, .vbproj, folder or source file")->required();
 
+  std::vector<std::string> templateArgs;
+  auto* templates = cli.add_subcommand(
+      "templates", "Read and edit the XML comment templates: list | show KIND | enable KIND | disable KIND | set KIND TEXT");
+  templates->add_option("ARGS", templateArgs, "The operation and its arguments")->required();
+
   try {
     cli.parse(argc, argv);
   } catch (const CLI::ParseError& e) {
@@ -27,7 +37,9 @@ int main(int argc, char** argv) {
     return status == 0 ? app::kDone : app::kUsage;
   }
 
+  if (*analyze) return app::RunAnalyzeCommand(analyzeRequest, std::cout);
   if (*solution) return app::RunSolutionCommand(solutionPath, std::cout);
   if (*codemodel) return app::RunCodemodelCommand(codemodelPath, std::cout);
+  if (*templates) return app::RunTemplatesCommand(templateArgs, std::cout, std::cerr);
   return app::kUsage;
 }
