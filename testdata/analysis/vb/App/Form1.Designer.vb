@@ -1,0 +1,4 @@
+Partial Class Form1
+    Private Sub InitializeComponent()
+    End Sub
+End Class

@@ -1,0 +1,3 @@
+''' <summary>The form.</summary>
+Public Class Form1
+End Class
