@@ -31,8 +31,11 @@ $(ASAN)/build.ninja: | deps
 build: deps $(RELEASE)/build.ninja
 	cmake --build $(RELEASE) -j $(JOBS)
 
+# The demo runs with settings of its own, so what it prints does not depend on the
+# options stored by earlier runs.
 demo: build
-	$(RELEASE)/app/annotra analyze samples/Demo.sln
+	rm -rf build/demo-home
+	ANNOTRA_HOME=build/demo-home $(RELEASE)/app/annotra analyze samples/Demo.sln
 
 test: deps $(ASAN)/build.ninja
 	cmake --build $(ASAN) -j $(JOBS)

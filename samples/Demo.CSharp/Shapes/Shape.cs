@@ -29,5 +29,17 @@ namespace Demo.CSharp.Shapes
         public void Move(double dx, double dy)
         {
         }
+
+        /// <remarks>Rotation has no summary.</remarks>
+        /// <param name="degrees" type="int">How far.</param>
+        public void Rotate(double degrees)
+        {
+        }
+
+        /// <summary>Resizes the shape.</summary>
+        /// <param name="size" type="int">The new size.</param>
+        public void Resize(double width)
+        {
+        }
     }
 }
