@@ -133,6 +133,35 @@ std::filesystem::path PathPattern::LiteralPath() const {
   return s.empty() ? std::filesystem::path("/") : std::filesystem::path(s);
 }
 
+std::filesystem::path PathCaseResolver::Resolve(const std::filesystem::path& path) {
+  namespace fs = std::filesystem;
+  std::error_code ec;
+  if (fs::exists(path, ec) || !path.is_absolute()) return path;
+  fs::path resolved = path.root_path();
+  for (const auto& part : path.relative_path()) {
+    fs::path next = resolved / part;
+    if (!fs::exists(next, ec)) {
+      auto key = resolved.string();
+      auto it = m_listings.find(key);
+      if (it == m_listings.end()) {
+        std::vector<std::string> names;
+        for (fs::directory_iterator d(resolved, fs::directory_options::skip_permission_denied, ec), end;
+             !ec && d != end; d.increment(ec))
+          names.push_back(d->path().filename().string());
+        std::sort(names.begin(), names.end());
+        std::unordered_map<std::string, std::string> listing;
+        for (auto& n : names) listing.emplace(LowerAscii(n), n);
+        it = m_listings.emplace(key, std::move(listing)).first;
+      }
+      auto hit = it->second.find(LowerAscii(part.string()));
+      if (hit == it->second.end()) return path;
+      next = resolved / hit->second;
+    }
+    resolved = next;
+  }
+  return resolved;
+}
+
 std::vector<std::filesystem::path> PathPattern::Expand(const std::vector<PathPattern>& excludes) const {
   namespace fs = std::filesystem;
   std::vector<fs::path> out;

@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace platform::automation {
@@ -39,6 +40,22 @@ class PathPattern {
   size_t m_firstWildcard = 0;           // index of the first segment with a wildcard
   bool m_recursive = false;             // some segment is "**"
   bool m_empty = false;
+};
+
+/// Finds files named in another letter case than the disk's: projects come from a file
+/// system that ignores case, and name "Forms\mainform.cs" for "Forms/MainForm.cs".
+/// Keeps the folder listings it reads, so that many lookups in one folder stay linear;
+/// one resolver serves one load.
+class PathCaseResolver {
+ public:
+  /// `path` (absolute, normalized) when it exists; else the existing path that differs
+  /// from it only in ASCII letter case (the first such entry of each folder in name
+  /// order); else `path` unchanged.
+  std::filesystem::path Resolve(const std::filesystem::path& path);
+
+ private:
+  // Lower-case name -> name on disk, for each folder read so far.
+  std::unordered_map<std::string, std::unordered_map<std::string, std::string>> m_listings;
 };
 
 /// Whether `text` holds a wildcard character ('*' or '?').

@@ -55,5 +55,17 @@ TEST(PathPattern, ExpandSkipsExcludedFoldersAndKeepsDiskSpelling) {
   EXPECT_TRUE(PathPattern("missing/**/*.cs", dir.path()).Expand({}).empty());
 }
 
+TEST(PathCaseResolver, FindsTheDiskSpellingOrKeepsThePath) {
+  testsupport::TempDir dir;
+  dir.Write("Forms/MainForm.cs", "x");
+  PathCaseResolver resolver;
+  EXPECT_EQ(resolver.Resolve(dir.path() / "forms/MAINFORM.cs"), dir.path() / "Forms/MainForm.cs");
+  EXPECT_EQ(resolver.Resolve(dir.path() / "Forms/MainForm.cs"), dir.path() / "Forms/MainForm.cs");
+  EXPECT_EQ(resolver.Resolve(dir.path() / "forms/Missing.cs"), dir.path() / "forms/Missing.cs");
+  // A listing read before does not hide a file the disk has now.
+  dir.Write("Forms/Late.cs", "x");
+  EXPECT_EQ(resolver.Resolve(dir.path() / "Forms/Late.cs"), dir.path() / "Forms/Late.cs");
+}
+
 }  // namespace
 }  // namespace platform::automation

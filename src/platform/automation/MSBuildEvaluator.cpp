@@ -452,7 +452,7 @@ class Evaluator {
         std::string s = spec;
         std::replace(s.begin(), s.end(), '\\', '/');
         fs::path written(s);
-        p = NormalizedAbsolute(written.is_relative() ? m_projectDir / written : written);
+        p = m_caseResolver.Resolve(NormalizedAbsolute(written.is_relative() ? m_projectDir / written : written));
         if (excluded(p)) continue;
         found.emplace_back(p, s);
       }
@@ -479,6 +479,7 @@ class Evaluator {
   std::vector<PendingGroup> m_pendingGroups;
   std::unordered_map<std::string, TypeItems> m_items;
   std::vector<std::string> m_warnings;
+  PathCaseResolver m_caseResolver;
 };
 
 }  // namespace

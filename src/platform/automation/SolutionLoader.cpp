@@ -35,11 +35,13 @@ std::string CanonicalKind(const std::string& kind) {
   return kind;
 }
 
+// The file a solution names, found in any letter case.
 fs::path Resolve(const std::string& written, const fs::path& baseDir) {
   std::string s = written;
   std::replace(s.begin(), s.end(), '\\', '/');
   fs::path p(s);
-  return NormalizedAbsolute(p.is_relative() ? baseDir / p : p);
+  PathCaseResolver resolver;
+  return resolver.Resolve(NormalizedAbsolute(p.is_relative() ? baseDir / p : p));
 }
 
 Ref<Project> MakeFolder(const std::string& name, const std::weak_ptr<DTE>& dte) {

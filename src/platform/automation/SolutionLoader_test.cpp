@@ -86,6 +86,7 @@ bool Mentions(const std::vector<std::string>& warnings, const std::string& a, co
 }
 
 // A legacy C# project, an SDK-style VB project in a solution folder, solution items.
+// Some paths differ in letter case from the disk, as projects from Windows do.
 void WriteMixedSolution(const testsupport::TempDir& dir) {
   dir.Write("src/Legacy App/Legacy App.csproj", R"x(<?xml version="1.0" encoding="utf-8"?>
 <Project ToolsVersion="15.0" xmlns="http://schemas.microsoft.com/developer/msbuild/2003">
@@ -102,8 +103,8 @@ void WriteMixedSolution(const testsupport::TempDir& dir) {
   </PropertyGroup>
   <ItemGroup>
     <Reference Include="System" />
-    <Compile Include="Program.cs" />
-    <Compile Include="Forms\MainForm.cs"><SubType>Form</SubType></Compile>
+    <Compile Include="program.CS" />
+    <Compile Include="forms\MainForm.cs"><SubType>Form</SubType></Compile>
     <Compile Include="Forms\MainForm.Designer.cs"><DependentUpon>MainForm.cs</DependentUpon></Compile>
     <Compile Include="Properties\AssemblyInfo.cs" />
     <Compile Include="..\Shared\SharedInfo.cs"><Link>Properties\SharedInfo.cs</Link></Compile>
@@ -163,7 +164,7 @@ TEST(SolutionLoader, SlnWithLegacyAndSdkProjectsNestingAndOrder) {
   WriteMixedSolution(dir);
   auto sln = dir.Write("Mixed Solution.sln",
                        "\r\nMicrosoft Visual Studio Solution File, Format Version 12.00\r\n"
-                       "Project(\"{FAE04EC0-301F-11D3-BF4B-00C04F79EFBC}\") = \"Legacy App\", \"src\\Legacy App\\Legacy App.csproj\", \"{11111111-1111-1111-1111-111111111111}\"\r\n"
+                       "Project(\"{FAE04EC0-301F-11D3-BF4B-00C04F79EFBC}\") = \"Legacy App\", \"SRC\\Legacy App\\legacy app.csproj\", \"{11111111-1111-1111-1111-111111111111}\"\r\n"
                        "EndProject\r\n"
                        "Project(\"{2150E333-8FDC-42A3-9474-1A3956D46DE8}\") = \"Libraries\", \"Libraries\", \"{22222222-2222-2222-2222-222222222222}\"\r\n"
                        "\tProjectSection(SolutionItems) = preProject\r\n"
