@@ -169,6 +169,42 @@ std::string StoreRequiredTags(const AnalyzeRequest& r) {
   return "";
 }
 
+// Stored options of the wrong type make the analysis report an error and keep a default;
+// the host says which flag stores a good value. "" when the scope is usable, else the
+// message that stops the run.
+std::string CheckStoredOptions() {
+  struct Key {
+    const char* section;
+    const char* key;
+    const char* flag;
+  };
+  static const Key keys[] = {
+      {"CommentsAnalyzer", "EnablePublic", "--public or --no-public"},
+      {"CommentsAnalyzer", "XMLOnPublic", "--public-xml or --public-plain"},
+      {"CommentsAnalyzer", "EnableNonPublic", "--non-public or --no-non-public"},
+      {"CommentsAnalyzer", "XMLOnNonPublic", "--non-public-xml or --non-public-plain"},
+      {"CommentsAnalyzer", "EnableBody", "--body or --no-body"},
+      {"CommentsAnalyzer", "LineCount", "--max-lines N"},
+      {"Settings", "OpenDocAllowed", "--keep-open N"},
+  };
+  for (const Key& k : keys) {
+    Variant value = AppSettingsObject_HKCU->Read(k.section, k.key, Variant());
+    try {
+      if (!value.IsEmpty()) platform::ToInt16(value);
+    } catch (const platform::Error&) {
+      std::fprintf(stderr, "annotra analyze: the stored option %s (\"%s\") is not a number; its default is used. %s stores a new one.\n",
+                   k.key, platform::ToString(value).c_str(), k.flag);
+    }
+  }
+  Variant scope = AppSettingsObject_HKCU->Read("CommentsAnalyzer", "LastScope", Variant());
+  try {
+    if (!scope.IsEmpty()) platform::ToInt32(scope);
+  } catch (const platform::Error&) {
+    return "the stored scope (\"" + platform::ToString(scope) + "\") is not a scope; give --scope";
+  }
+  return "";
+}
+
 std::vector<Finding> ReadFindings() {
   std::vector<Finding> findings;
   auto db = annotra::MGlobals::XMLAnalyzerDb();
@@ -255,6 +291,7 @@ int RunAnalyzeCommand(const AnalyzeRequest& r, std::ostream& out) {
     return kCannotLoad;
   }
   if (std::string error = StoreRequiredTags(r); !error.empty()) return Usage(error);
+  if (std::string error = CheckStoredOptions(); !error.empty()) return Usage(error);
 
   annotra::CXmlAnalyzerBrowser browser;
   browser.Find();

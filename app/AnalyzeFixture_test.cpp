@@ -27,6 +27,9 @@ struct Case {
   std::string name;
 };
 
+// Names a case in test output instead of dumping its bytes.
+void PrintTo(const Case& c, std::ostream* os) { *os << c.name; }
+
 std::vector<Case> AllCases() {
   std::vector<Case> cases;
   fs::path root = fs::path(ANNOTRA_TESTDATA_DIR) / "analysis";
