@@ -313,8 +313,8 @@ Ref<TableDef> Catalog::LoadTable(Connection& connection, const std::string& sche
     } else {
       field->SetType(inferred.first);
       if (inferred.first == dbText) field->SetSize(inferred.second);
-      bool autoNumber = column.primaryKey && inferred.first == dbLong &&
-                        Upper(column.declared) == "INTEGER" && columns.size() > 0;
+      // SQLite numbers the rows of an INTEGER PRIMARY KEY column itself.
+      bool autoNumber = column.primaryKey && Upper(column.declared) == "INTEGER";
       field->SetAttributes((field->IsTextual() || inferred.first == dbLongBinary ? dbVariableField
                                                                                  : dbFixedField) |
                            (autoNumber ? dbAutoIncrField : 0));

@@ -55,7 +55,9 @@ std::shared_ptr<Connection> Connection::Open(const std::string& path, bool creat
                                              bool readOnly) {
   if (!create) CheckExistingFile(path);
   std::shared_ptr<Connection> connection(new Connection(path, readOnly));
-  int flags = (readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) | SQLITE_OPEN_NOFOLLOW;
+  // A file just made by the caller must still be that file, not a link put in its place.
+  int flags = (readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) |
+              (create ? SQLITE_OPEN_NOFOLLOW : 0);
   int rc = sqlite3_open_v2(path.c_str(), &connection->m_db, flags, nullptr);
   if (rc != SQLITE_OK) {
     sqlite3_close_v2(connection->m_db);

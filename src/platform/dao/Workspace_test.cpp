@@ -66,12 +66,13 @@ TEST(Workspace, CreateDatabaseRefusesAnExistingFileAndAMissingFolder) {
 TEST(Workspace, NamesThatLookSpecialToSqliteAreOrdinaryFiles) {
   testsupport::TempDir dir;
   Workspace ws;
+  auto previous = std::filesystem::current_path();
   std::filesystem::current_path(dir.path());
   ws.CreateDatabase("file:x?mode=memory", dbLangGeneral)->Close();
   ws.CreateDatabase(":memory:", dbLangGeneral)->Close();
   EXPECT_TRUE(std::filesystem::exists(dir.path() / "file:x?mode=memory"));
   EXPECT_TRUE(std::filesystem::exists(dir.path() / ":memory:"));
-  std::filesystem::current_path("/");
+  std::filesystem::current_path(previous);
 }
 
 TEST(Workspace, BadFilesGiveDaoErrorsNotCrashes) {
@@ -103,6 +104,13 @@ TEST(Workspace, BadFilesGiveDaoErrorsNotCrashes) {
   auto truncated = dir.Write("truncated.xmm", bytes.substr(0, bytes.size() / 2));
   EXPECT_EQ(ErrorOf([&] { ws.OpenDatabase(truncated.string()); }), 3343);
   EXPECT_NO_THROW(ws.OpenDatabase(whole)->Close());
+
+  // A link to a database opens; a link where a new database should go is refused.
+  std::filesystem::create_symlink(whole, dir.path() / "link.xmm");
+  EXPECT_NO_THROW(ws.OpenDatabase((dir.path() / "link.xmm").string())->Close());
+  std::filesystem::create_symlink(dir.path() / "nowhere", dir.path() / "dangling.xmm");
+  EXPECT_EQ(ErrorOf([&] { ws.CreateDatabase((dir.path() / "dangling.xmm").string(), dbLangGeneral); }), 3204);
+  EXPECT_FALSE(std::filesystem::exists(dir.path() / "nowhere"));
 }
 
 TEST(Workspace, AFileWithoutTheExpectedTablesOpensButHasNoneOfThem) {
