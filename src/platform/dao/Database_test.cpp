@@ -164,3 +164,23 @@ TEST_F(DatabaseTest, UserPropertiesAreKeptInTheFile) {
   EXPECT_EQ(again->Properties()->Item("Version")->Value(), Variant("3.0"));
   EXPECT_EQ(again->Properties()->Item("Name")->Value(), Variant(name));
 }
+
+TEST_F(DatabaseTest, AnotherConnectionCanWriteWhileARecordsetHasRowsPending) {
+  std::string file = (dir.path() / "saved.xmm").string();
+  auto saved = ws.CreateDatabase(file, dbLangGeneral, dbVersion30);
+  MakeTable(*saved, "XMLAnalyzer");
+  AddRows(*saved, "XMLAnalyzer", 2);
+
+  auto rs = db->OpenRecordset("XMLAnalyzer1", dbOpenDynaset);
+  rs->AddNew();
+  rs->Fields("Problem")->SetValue("pending");
+  rs->Update();  // inside the implicit transaction, not yet committed
+  saved->Execute("INSERT INTO XMLAnalyzer1 IN \"" + db->Name() + "\" SELECT Flag, Problem FROM XMLAnalyzer;",
+                 dbFailOnError);
+  EXPECT_EQ(saved->RecordsAffected(), 2);
+  rs->AddNew();
+  rs->Fields("Problem")->SetValue("after");
+  rs->Update();
+  rs->Close();
+  EXPECT_EQ(db->OpenRecordset("XMLAnalyzer1", dbOpenSnapshot)->RecordCount(), 4);
+}

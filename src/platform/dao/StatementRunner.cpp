@@ -193,6 +193,20 @@ int64_t StatementRunner::RunInsertSelect(const SqlStatement& st) {
       selectList += std::string(n ? ", " : "") + Catalog::Quote(field->Name());
       ++n;
     }
+  } else if (st.columns.empty()) {
+    // Without a field list the dialect appends each output column to the target field
+    // of the same name.
+    selectList = SqlTranslator::Expression(st.selectList);
+    auto targetDef = Catalog::LoadTable(m_connection, SchemaOf(st.target), st.target.name);
+    Statement query(m_connection, SelectPart(st, selectList));
+    for (int i = 0; i < query.ColumnCount(); ++i) {
+      const char* name = sqlite3_column_name(query.get(), i);
+      std::string column = name ? name : "";
+      if (!targetDef->Fields()->Contains(column))
+        throw Error(err::kUnknownFieldName, "The INSERT INTO statement contains the following unknown field name: '" +
+                                                column + "'.");
+      columns += std::string(i ? ", " : "") + Catalog::Quote(targetDef->Fields()->Item(column)->Name());
+    }
   } else {
     for (size_t i = 0; i < st.columns.size(); ++i) columns += std::string(i ? ", " : "") + Catalog::Quote(st.columns[i]);
     selectList = SqlTranslator::Expression(st.selectList);
