@@ -222,10 +222,12 @@ std::string ReadAsClause(Cursor& c, std::string_view text) {
   return ReadType(c, text, asNew);
 }
 
-// The name of the element at c, as written; moves past it.
+// The name of the element at c, as written; moves past it. After Sub, Function, Class
+// and the like any word is taken as the name, reserved or not: converted code names
+// members "get" or "set", and the element is worth more than the complaint.
 std::string ReadName(Cursor& c, std::string_view text, char* typeChar) {
   *typeChar = 0;
-  if (!c.AtName()) return "";
+  if (c.Done() || (c.p->kind != VbTokenKind::Identifier && c.p->kind != VbTokenKind::Bracketed)) return "";
   *typeChar = c.p->typeChar;
   std::string name(text.substr(c.p->offset, c.p->length));
   ++c.p;

@@ -25,6 +25,8 @@ Namespace Recovery
         End Sub
         End Sub
         End Function
+        Public Shared Function get(ByVal c As Type) As Object
+        End Function
     Public Class NestedInMissingEnds
         Public Sub InNoEnd()
         End Sub
