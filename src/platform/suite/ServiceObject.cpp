@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "platform/automation/AutomationConstants.h"
 #include "platform/automation/Document.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItem.h"
@@ -42,8 +43,12 @@ bool ServiceObject::EnsureFolder(const std::string& folder) const {
 std::string ServiceObject::ItemDisplayName(const Ref<automation::ProjectItem>& item) const {
   auto project = item->ContainingProject();
   if (!project || project->fullName().empty()) return item->Name();
-  std::error_code ec;
-  auto relative = fs::path(item->path()).lexically_relative(project->fullName().parent_path());
+  // A project file's items are named relative to its folder; a web site has no project
+  // file, its full name is the site's folder itself.
+  const fs::path base = project->Kind() == automation::kProjectKindWebSite
+                            ? project->fullName()
+                            : project->fullName().parent_path();
+  auto relative = fs::path(item->path()).lexically_relative(base);
   if (relative.empty() || *relative.begin() == "..") return item->Name();
   return relative.generic_string();
 }
