@@ -4,8 +4,10 @@
 # make bench  build optimised and run the benchmarks
 
 PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev \
-            libsqlite3-dev sqlite3 libpugixml-dev libcli11-dev
+            libsqlite3-dev sqlite3 libpugixml-dev libcli11-dev ccache
 JOBS ?= $(shell nproc)
+# ccache makes rebuilds of an unchanged tree (CI on the same machine) quick.
+LAUNCHER := -DCMAKE_CXX_COMPILER_LAUNCHER=ccache
 RELEASE := build/release
 ASAN := build/asan
 
@@ -23,10 +25,10 @@ deps:
 	fi
 
 $(RELEASE)/build.ninja: | deps
-	cmake -S . -B $(RELEASE) -G Ninja -DCMAKE_BUILD_TYPE=Release -DANNOTRA_TESTS=OFF
+	cmake -S . -B $(RELEASE) -G Ninja -DCMAKE_BUILD_TYPE=Release -DANNOTRA_TESTS=OFF $(LAUNCHER)
 
 $(ASAN)/build.ninja: | deps
-	cmake -S . -B $(ASAN) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DANNOTRA_SANITIZE=ON -DANNOTRA_BENCH=OFF
+	cmake -S . -B $(ASAN) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DANNOTRA_SANITIZE=ON -DANNOTRA_BENCH=OFF $(LAUNCHER)
 
 build: deps $(RELEASE)/build.ninja
 	cmake --build $(RELEASE) -j $(JOBS)
