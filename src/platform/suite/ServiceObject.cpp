@@ -3,7 +3,6 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "platform/automation/AutomationConstants.h"
 #include "platform/automation/Document.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItem.h"
@@ -43,11 +42,11 @@ bool ServiceObject::EnsureFolder(const std::string& folder) const {
 std::string ServiceObject::ItemDisplayName(const Ref<automation::ProjectItem>& item) const {
   auto project = item->ContainingProject();
   if (!project || project->fullName().empty()) return item->Name();
-  // A project file's items are named relative to its folder; a web site has no project
-  // file, its full name is the site's folder itself.
-  const fs::path base = project->Kind() == automation::kProjectKindWebSite
-                            ? project->fullName()
-                            : project->fullName().parent_path();
+  // A project file's items are named relative to its folder. A web site, and a project
+  // made of a single source file, have no project file: their full name is the folder.
+  std::error_code ec;
+  const fs::path base = fs::is_directory(project->fullName(), ec) ? project->fullName()
+                                                                   : project->fullName().parent_path();
   auto relative = fs::path(item->path()).lexically_relative(base);
   if (relative.empty() || *relative.begin() == "..") return item->Name();
   return relative.generic_string();
