@@ -468,6 +468,12 @@ TEST_F(WalkTest, AnItemOfAnotherLanguageStepsWithSearchingAndIsNotAnalysed) {
   EXPECT_TRUE(report->entries.empty()) << report->entries.front().message;
 }
 
+TEST_F(WalkTest, ASingleSourceFileIsNamedInTheProgressByItsFileName) {
+  Load(dir.Write("Loose/One.cs", "class One { }\n"));
+  browser.Walk(4);
+  EXPECT_EQ(browser.Def("One").progressLabel, "Searching (press <Ctrl+C> to cancel) in One.cs");
+}
+
 // --- Skip rules ----------------------------------------------------------------------------
 
 TEST_F(WalkTest, DesignerAndAssemblyInformationFilesAreNeverAnalysed) {
