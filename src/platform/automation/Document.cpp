@@ -2,7 +2,7 @@
 
 #include "platform/automation/DTE.h"
 #include "platform/automation/DocumentData.h"
-#include "platform/automation/FileDecoder.h"
+#include "platform/automation/DefinitionText.h"
 #include "platform/automation/ProjectItem.h"
 #include "platform/codemodel/LanguageParser.h"
 #include "platform/core/Error.h"
@@ -88,7 +88,7 @@ Ref<Document> Document::FromText(const std::filesystem::path& path, std::string 
 Ref<Document> Document::Load(const std::filesystem::path& path, automation::ProjectItem* item,
                              std::weak_ptr<DTE> dte, std::string language,
                              codemodel::PreprocessorSymbols symbols) {
-  auto data = std::make_shared<DocumentData>(path, DecodeFile(path), item, std::move(dte),
+  auto data = std::make_shared<DocumentData>(path, ReadDefinitionText(path), item, std::move(dte),
                                              std::move(language), std::move(symbols));
   return data->Share(&data->document);
 }

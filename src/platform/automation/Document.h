@@ -50,8 +50,9 @@ class Document : public Dispatch {
                                 std::string language,
                                 codemodel::PreprocessorSymbols symbols = {});
 
-  /// The document of `item`, read from `path` (fails with 53 or 75 when the file cannot be
-  /// read), owned by `dte` for the open documents.
+  /// The document of `item`, read from `path`, owned by `dte` for the open documents.
+  /// Fails with 53 (missing), 75 (unreadable or over 64 MiB) or 5 (unknown encoding),
+  /// the message naming the file.
   static Ref<Document> Load(const std::filesystem::path& path, automation::ProjectItem* item,
                             std::weak_ptr<DTE> dte, std::string language,
                             codemodel::PreprocessorSymbols symbols);

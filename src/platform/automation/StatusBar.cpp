@@ -29,7 +29,9 @@ void StatusBar::Clear() {
 
 void StatusBar::Draw() const {
   // One line, redrawn in place: "[ 42/120] label", cut to a terminal's usual width.
-  std::string line = "[" + std::to_string(m_amount) + "/" + std::to_string(m_total) + "] " + m_label;
+  // Built with append: GCC 12 warns wrongly (-Wrestrict) about "[" + to_string(n).
+  std::string line = "[";
+  line.append(std::to_string(m_amount)).append("/").append(std::to_string(m_total)).append("] ").append(m_label);
   if (line.size() > 100) line = line.substr(0, 97) + "...";
   std::fprintf(stderr, "\r\033[K%s", line.c_str());
   std::fflush(stderr);
