@@ -31,7 +31,7 @@ $(ASAN)/build.ninja: | deps
 	cmake -S . -B $(ASAN) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DANNOTRA_SANITIZE=ON -DANNOTRA_BENCH=OFF $(LAUNCHER)
 
 build: deps $(RELEASE)/build.ninja
-	cmake --build $(RELEASE) -j $(JOBS)
+	cmake --build $(RELEASE) -j $(JOBS) --target annotra
 
 # The demo runs with settings of its own, so what it prints does not depend on the
 # options stored by earlier runs.
@@ -44,7 +44,8 @@ test: deps $(ASAN)/build.ninja
 	cd $(ASAN) && ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ctest --output-on-failure -j $(JOBS)
 
-bench: build
+bench: deps $(RELEASE)/build.ninja
+	cmake --build $(RELEASE) -j $(JOBS)
 	@for b in $(RELEASE)/bench/*_bench; do echo "== $$b"; $$b; done
 
 clean:
