@@ -323,6 +323,7 @@ void CSharpDeclarationParser::ParseNamespace(const Header& h, CodeElement* paren
   }
   if (m_s.Is(m_p, ";")) ++m_p;
   e.end = EndOfPrevious();
+  HoldMembers(e);
 }
 
 bool CSharpDeclarationParser::ParseUsing(const Header& h, bool addElement) {
@@ -400,6 +401,14 @@ void CSharpDeclarationParser::ParseType(const Header& h, CodeElement* parent, Sc
     m_p = k > nameIndex + 1 ? k : nameIndex + 1;
   }
   e.end = EndOfPrevious();
+  HoldMembers(e);
+}
+
+void CSharpDeclarationParser::HoldMembers(CodeElement& e) {
+  // Readers find the element at a line by descending into the elements that hold it,
+  // so a container must hold its members even in broken code (a file-scoped namespace
+  // inside a braced one runs to the end of the text).
+  if (!e.members().empty() && e.members().back()->end > e.end) e.end = e.members().back()->end;
 }
 
 void CSharpDeclarationParser::ParseEnumBody(CodeElement& owner) {
@@ -668,8 +677,8 @@ void CSharpDeclarationParser::ParseConstructorOrFinalizer(const Header& h, CodeE
     return;
   }
   FinishFunctionBody();
-  std::string name(m_s.Text(nameIndex));
-  if (finalizer) name.insert(0, "~");
+  std::string name(finalizer ? "~" : "");
+  name += m_s.Text(nameIndex);
   // Finalizers and static constructors are private whatever is written.
   int access = (finalizer || (h.modifiers & kStatic)) ? vsCMAccessPrivate : AccessOf(h, scope);
   CodeElement& e = AddElement(parent, vsCMElementFunction, h, std::move(name), access, EndOfPrevious());

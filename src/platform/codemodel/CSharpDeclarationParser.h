@@ -67,6 +67,8 @@ class CSharpDeclarationParser {
   void FinishFunctionBody();
   void FinishPropertyBody();
 
+  /// Extends `e` to its last member's end when that lies beyond it.
+  void HoldMembers(CodeElement& e);
   /// Skips what is left of a declaration that could not be read.
   void Recover(size_t from);
   /// Skips one top-level statement starting at `from`.

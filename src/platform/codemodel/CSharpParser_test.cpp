@@ -165,6 +165,17 @@ TEST(CSharpParser, ElementAtTheCaretIsTheInnermostHoldingTheLine) {
   EXPECT_FALSE(ModelOf("class C { }\n\n")->CodeElementFromLine(3));
 }
 
+TEST(CSharpParser, ContainersHoldTheirMembersEvenInBrokenCode) {
+  // A file-scoped namespace inside a braced one runs to the end of the text; the outer
+  // namespace must still hold it, or the element at a line could not be found.
+  auto model = ModelOf("namespace A {\nnamespace B;\nclass C { }\n}\n\n");
+  auto a = model->CodeElements()->Item(1);
+  auto b = a->Members()->Item(1);
+  EXPECT_LE(b->EndPoint()->offset(), a->EndPoint()->offset());
+  EXPECT_EQ(model->CodeElementFromLine(3)->Name(), "C");
+  EXPECT_EQ(model->CodeElementFromLine(5)->Name(), "B");
+}
+
 TEST(CSharpParser, SymbolsChooseTheBranches) {
   const std::string text = "#if DEBUG && NET8_0_OR_GREATER\nclass A { }\n#else\nclass B { }\n#endif\n";
   EXPECT_EQ(ModelOf(text, {{{"DEBUG", ""}, {"NET8_0_OR_GREATER", ""}}})->CodeElements()->Item(1)->Name(), "A");

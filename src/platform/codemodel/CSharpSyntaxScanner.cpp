@@ -195,16 +195,16 @@ size_t CSharpSyntaxScanner::SkipExpression(size_t i) const {
       }
       continue;
     }
-    if (t.kind != CsTokenKind::Punct) continue;
-    std::string_view s = Text(j);
-    if (s == "(" || s == "[" || s == "{") {
+    if (t.kind != CsTokenKind::Punct || t.end - t.start != 1) continue;
+    const char c = m_text[t.start];
+    if (c == '(' || c == '[' || c == '{') {
       ++depth;
-    } else if (s == ")" || s == "]" || s == "}") {
+    } else if (c == ')' || c == ']' || c == '}') {
       if (depth == 0) return j;
       --depth;
-    } else if (depth == 0 && (s == "," || s == ";")) {
+    } else if (depth == 0 && (c == ',' || c == ';')) {
       return j;
-    } else if (s == "<" && j > i && IsIdentifier(j - 1)) {
+    } else if (c == '<' && j > i && IsIdentifier(j - 1)) {
       // A type-argument list when it parses as one and is followed by a token that
       // can follow a type in an expression.
       size_t e = ScanTypeArguments(j);

@@ -36,7 +36,12 @@ class CSharpSyntaxScanner {
   }
   bool IsEnd(size_t i) const { return At(i).kind == CsTokenKind::End; }
   bool Is(size_t i, std::string_view punct) const {
-    return At(i).kind == CsTokenKind::Punct && Text(i) == punct;
+    const CsToken& t = At(i);
+    if (t.kind != CsTokenKind::Punct || t.end - t.start != punct.size()) return false;
+    const char* p = m_text.data() + t.start;
+    for (size_t k = 0; k < punct.size(); ++k)
+      if (p[k] != punct[k]) return false;
+    return true;
   }
   bool IsKw(size_t i, CsKeyword kw) const { return At(i).keyword == kw && At(i).kind == CsTokenKind::Word; }
   bool IsWord(size_t i) const { return At(i).kind == CsTokenKind::Word; }

@@ -1,7 +1,7 @@
 #include "platform/codemodel/CSharpTokenizer.h"
 
-#include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
 #include "platform/codemodel/CSharpLiteralScanner.h"
@@ -10,16 +10,32 @@
 namespace platform::codemodel {
 namespace {
 
-bool IsLineBreak(char c) { return c == '\n' || c == '\r'; }
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\v' || c == '\f'; }
-bool IsIdentStart(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
-}
-bool IsIdentPart(char c) { return IsIdentStart(c) || (c >= '0' && c <= '9'); }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+// Character classes, looked up once per character in the tokenizer's inner loops.
+enum : uint8_t { kLineBreak = 1, kBlank = 2, kIdentStart = 4, kDigit = 8 };
 
+constexpr std::array<uint8_t, 256> MakeClasses() {
+  std::array<uint8_t, 256> t{};
+  t['\n'] = t['\r'] = kLineBreak;
+  t[' '] = t['\t'] = t['\v'] = t['\f'] = kBlank;
+  for (int c = 'a'; c <= 'z'; ++c) t[c] = kIdentStart;
+  for (int c = 'A'; c <= 'Z'; ++c) t[c] = kIdentStart;
+  t['_'] = kIdentStart;
+  for (int c = 0x80; c < 0x100; ++c) t[c] = kIdentStart;  // letters of other scripts
+  for (int c = '0'; c <= '9'; ++c) t[c] = kDigit;
+  return t;
+}
+constexpr std::array<uint8_t, 256> kClasses = MakeClasses();
+
+uint8_t ClassOf(char c) { return kClasses[static_cast<unsigned char>(c)]; }
+bool IsLineBreak(char c) { return ClassOf(c) & kLineBreak; }
+bool IsBlank(char c) { return ClassOf(c) & kBlank; }
+bool IsIdentStart(char c) { return ClassOf(c) & kIdentStart; }
+bool IsIdentPart(char c) { return ClassOf(c) & (kIdentStart | kDigit); }
+bool IsDigit(char c) { return ClassOf(c) & kDigit; }
+
+// Grouped by first letter, 'a' to 'z' then '_' (CsKeywordOf relies on it).
 constexpr std::array<std::pair<std::string_view, CsKeyword>, 45> kKeywords{{
-    {"__arglist", CsKeyword::Arglist},  {"abstract", CsKeyword::Abstract},
+    {"abstract", CsKeyword::Abstract},
     {"alias", CsKeyword::Alias},        {"async", CsKeyword::Async},
     {"checked", CsKeyword::Checked},    {"class", CsKeyword::Class},
     {"const", CsKeyword::Const},        {"delegate", CsKeyword::Delegate},
@@ -41,7 +57,7 @@ constexpr std::array<std::pair<std::string_view, CsKeyword>, 45> kKeywords{{
     {"this", CsKeyword::This},          {"true", CsKeyword::True},
     {"unsafe", CsKeyword::Unsafe},      {"using", CsKeyword::Using},
     {"virtual", CsKeyword::Virtual},    {"volatile", CsKeyword::Volatile},
-    {"where", CsKeyword::Where},
+    {"where", CsKeyword::Where},        {"__arglist", CsKeyword::Arglist},
 }};
 
 // The length of the punctuator at text[i]: the longest of the multi-character
@@ -91,7 +107,8 @@ class Tokenizer {
         continue;
       }
       if (IsBlank(c)) {
-        ++i;
+        do ++i;
+        while (i < n && IsBlank(m_t[i]));
         continue;
       }
       if (static_cast<unsigned char>(c) == 0xC2 && i + 1 < n && static_cast<unsigned char>(m_t[i + 1]) == 0xA0) {
@@ -104,8 +121,7 @@ class Tokenizer {
       }
       lineStart = false;
       if (c == '/' && i + 1 < n && m_t[i + 1] == '/') {
-        size_t e = i + 2;
-        while (e < n && !IsLineBreak(m_t[e])) ++e;
+        size_t e = LineEnd(i + 2);
         bool doc = i + 2 < n && m_t[i + 2] == '/' && !(i + 3 < n && m_t[i + 3] == '/');
         if (doc) m_out.docs.push_back({static_cast<uint32_t>(i), static_cast<uint32_t>(e), false, SameLine()});
         i = e;
@@ -164,6 +180,17 @@ class Tokenizer {
   }
 
  private:
+  // The offset of the first line break at or after `i` (or the end of the text).
+  size_t LineEnd(size_t i) const {
+    const char* b = m_t.data() + i;
+    const size_t rest = m_t.size() - i;
+    const void* lf = std::memchr(b, '\n', rest);
+    size_t e = lf ? static_cast<size_t>(static_cast<const char*>(lf) - b) : rest;
+    const void* cr = std::memchr(b, '\r', e);
+    if (cr) e = static_cast<size_t>(static_cast<const char*>(cr) - b);
+    return i + e;
+  }
+
   // Whether a comment starting now is on the line where the last token ended.
   bool SameLine() const { return !m_newline && !m_out.tokens.empty(); }
 
@@ -231,10 +258,32 @@ class Tokenizer {
 }  // namespace
 
 CsKeyword CsKeywordOf(std::string_view word) {
+  // Every word is looked up, so the common case (an identifier, often capitalised) must
+  // be rejected cheaply: keywords start with a lower-case letter or '_', and the table
+  // is entered at their first letter.
+  struct Index {
+    std::array<uint8_t, 28> begin{};  // per first letter ('a'..'z', then '_'): first entry
+    Index() {
+      std::array<int, 28> counts{};
+      for (const auto& k : kKeywords) ++counts[Slot(k.first[0])];
+      uint8_t at = 0;
+      for (size_t c = 0; c < 27; ++c) {
+        begin[c] = at;
+        at = static_cast<uint8_t>(at + counts[c]);
+      }
+      begin[27] = at;
+    }
+    static size_t Slot(char c) { return c == '_' ? 26 : static_cast<size_t>(c - 'a'); }
+  };
+  static const Index index;
   if (word.size() < 2 || word.size() > 9) return CsKeyword::None;
-  auto it = std::lower_bound(kKeywords.begin(), kKeywords.end(), word,
-                             [](const auto& e, std::string_view w) { return e.first < w; });
-  if (it != kKeywords.end() && it->first == word) return it->second;
+  char c = word[0];
+  if (!((c >= 'a' && c <= 'z') || c == '_')) return CsKeyword::None;
+  size_t slot = Index::Slot(c);
+  for (size_t k = index.begin[slot]; k < index.begin[slot + 1]; ++k) {
+    const auto& entry = kKeywords[k];
+    if (entry.first.size() == word.size() && entry.first == word) return entry.second;
+  }
   return CsKeyword::None;
 }
 
