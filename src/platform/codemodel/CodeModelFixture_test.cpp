@@ -79,16 +79,34 @@ std::string Diff(const std::vector<std::string>& expected, const std::vector<std
   for (size_t i = n; i-- > 0;)
     for (size_t j = m; j-- > 0;)
       lcs[i][j] = expected[i] == actual[j] ? lcs[i + 1][j + 1] + 1 : std::max(lcs[i + 1][j], lcs[i][j + 1]);
+  // The edit script, then printed with two lines of context around each change.
+  std::vector<std::pair<char, const std::string*>> script;
   size_t i = 0, j = 0;
   while (i < n || j < m) {
     if (i < n && j < m && expected[i] == actual[j]) {
-      out << "  " << expected[i] << "\n";
+      script.emplace_back(' ', &expected[i]);
       ++i, ++j;
-    } else if (j < m && (i == n || lcs[i][j + 1] >= lcs[i + 1][j])) {
-      out << "+ " << actual[j++] << "\n";
+    } else if (i < n && (j == m || lcs[i + 1][j] >= lcs[i][j + 1])) {
+      script.emplace_back('-', &expected[i++]);
     } else {
-      out << "- " << expected[i++] << "\n";
+      script.emplace_back('+', &actual[j++]);
     }
+  }
+  const size_t kContext = 2;
+  std::vector<bool> shown(script.size(), false);
+  for (size_t k = 0; k < script.size(); ++k) {
+    if (script[k].first == ' ') continue;
+    for (size_t c = (k >= kContext ? k - kContext : 0); c <= k + kContext && c < script.size(); ++c) shown[c] = true;
+  }
+  bool gap = false;
+  for (size_t k = 0; k < script.size(); ++k) {
+    if (!shown[k]) {
+      gap = true;
+      continue;
+    }
+    if (gap) out << "  ...\n";
+    gap = false;
+    out << script[k].first << ' ' << *script[k].second << "\n";
   }
   return out.str();
 }
