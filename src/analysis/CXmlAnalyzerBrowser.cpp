@@ -211,17 +211,19 @@ void CXmlAnalyzerBrowser::WalkIntoCodeElements(const Ref<TextDocument>& textDocu
   Steps step("Quillmark.CXmlAnalyzerBrowser.WalkIntoCodeElements");
   if (!element) return;
   step(2, [&] { DefinitionAnalysis(textDocument, element, bParentPublic); });
+  int kind = -1;
+  Quietly([&] { kind = element->Kind(); });
   if (MGlobals::g_AnalysisOptions.EnableBody) {
-    int kind = -1;
-    Quietly([&] { kind = element->Kind(); });
     if (kind == cm::vsCMElementFunction) {
       step(3, [&] {
         if (element->Name() != "InitializeComponent") BodyAnalysis(textDocument, element);
       });
     }
   }
+  // Only containers have members; asking the others would fail, which costs an
+  // exception per element and gives the same 0.
   int count = 0;
-  Quietly([&] { count = element->Members()->Count(); });
+  if (cm::CodeElement::KindHasMembers(kind)) Quietly([&] { count = element->Members()->Count(); });
   for (int i = 1; i <= count; ++i) {
     Ref<CodeElement> member;
     Quietly([&] { member = element->Members()->Item(i); });
