@@ -230,6 +230,9 @@ bool CSharpDeclarationParser::ContextualModifier(size_t i) const {
   }
   if (!m_s.IsWord(next)) return false;
   size_t after = i + 2;
+  // A partial constructor: partial Widget(...) inside Widget.
+  if (m_s.IsKw(i, CsKeyword::Partial) && m_s.Is(after, "(") && !m_typeName.empty() && m_s.Text(next) == m_typeName)
+    return true;
   return !(m_s.IsEnd(after) || m_s.Is(after, "(") || m_s.Is(after, "=") || m_s.Is(after, ";") ||
            m_s.Is(after, ",") || m_s.Is(after, "{") || m_s.Is(after, "=>") || m_s.Is(after, ")"));
 }

@@ -60,3 +60,11 @@ public class Strings
     public static int[] Other = [];
     public ref struct Inner { public Span<int> Items; }
 }
+
+public partial class Widget
+{
+    public partial Widget(int size);
+    public partial Widget(int size) { }
+    public partial event EventHandler Resized;
+    public partial Widget Clone();
+}
