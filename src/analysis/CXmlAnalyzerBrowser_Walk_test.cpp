@@ -369,8 +369,6 @@ INSTANTIATE_TEST_SUITE_P(SlnAndSlnx, WalkOrderTest, ::testing::Values(false, tru
 
 TEST_F(WalkTest, MethodsGetTheBodyCheckAfterTheirDefinitionExceptInitializeComponent) {
   MGlobals::g_AnalysisOptions.EnableBody = true;
-  browser.Walk(3 /* the project of the selection */);  // nothing selected: nothing walked
-  EXPECT_TRUE(browser.calls.empty());
   dte->SetSelectedProjects({P("App")});
   browser.Walk(3);
   Lines trace = browser.Trace();
@@ -569,7 +567,7 @@ class CancelTest : public WalkTest {
  protected:
   void SetUp() override {
     WalkTest::SetUp();
-    // Three files of one class each in Last, the first project of the solution.
+    // A project of three files of one class each, followed by Last.
     dir.Write("Three/Three.csproj", SdkProjectFile());
     for (const char* name : {"A", "B", "C"})
       dir.Write(std::string("Three/") + name + ".cs", std::string("class ") + name + " { }\n");
@@ -599,6 +597,22 @@ TEST_F(CancelTest, CtrlCAsksOncePerItemNoGoesOnYesStopsBeforeTheItem) {
     EXPECT_EQ(box.title, "Scribane");
   }
   EXPECT_FALSE(dte->StatusBar()->inProgress());
+}
+
+TEST_F(WalkTest, ACancelInsideANestedSubProjectEndsTheWholeSolutionWalk) {
+  auto keyboard = std::make_shared<platform::win32::ScriptedKeyboard>();
+  ScopedKeyboard scoped(keyboard);
+  keyboard->HoldCtrlC(100);
+  // The nine items of App, then Cli.cs of Tools (in Libraries\Inner): No; Helper.cs: Yes.
+  boxes->answers.assign(10, platform::forms::vbNo);
+  boxes->answers.push_back(platform::forms::vbYes);
+  MGlobals::g_AnalysisOptions.EnableBody = false;
+  browser.Walk(4);
+  Lines expected = kApp;
+  expected.insert(expected.end(), kTools.begin(), kTools.begin() + 3);  // Cli.cs
+  EXPECT_EQ(browser.Trace(), expected);
+  EXPECT_EQ(boxes->shown.size(), 11u);
+  EXPECT_TRUE(browser.Cancelled());
 }
 
 TEST_F(CancelTest, AnsweringNoEveryTimeWalksEverything) {
