@@ -117,10 +117,9 @@ void CSharpDeclarationParser::ParseMember(CodeElement* parent, Scope scope, int 
       if (m_p == h.first) ParseGlobalAttributeSection();
       return;
     }
-    ParseAttributeSection(nullptr);
+    ParseAttributeSection();
   }
   h.declStart = m_p;
-  h.hasAttributes = !m_attributes.empty();
   ParseModifiers(h);
   const size_t k = m_p;
 
@@ -155,7 +154,7 @@ void CSharpDeclarationParser::ParseMember(CodeElement* parent, Scope scope, int 
   ParseTypeMember(h, parent, scope);
 }
 
-bool CSharpDeclarationParser::ParseAttributeSection(CodeElement*) {
+bool CSharpDeclarationParser::ParseAttributeSection() {
   const size_t open = m_p;
   size_t j = m_p + 1;
   if (m_s.IsWord(j) && m_s.Is(j + 1, ":")) j += 2;  // target: assembly, return, field, ...
@@ -211,7 +210,7 @@ bool CSharpDeclarationParser::ParseAttributeSection(CodeElement*) {
 
 void CSharpDeclarationParser::ParseGlobalAttributeSection() {
   m_attributes.clear();
-  ParseAttributeSection(nullptr);
+  ParseAttributeSection();
   for (const Attribute& a : m_attributes) {
     CodeElement& e = m_model.AddElement(nullptr, vsCMElementAttribute);
     e.name = TypeText(a.nameBegin, a.nameEnd);
@@ -424,7 +423,7 @@ void CSharpDeclarationParser::ParseEnumBody(CodeElement& owner) {
     Header h;
     h.first = m_p;
     m_attributes.clear();
-    while (m_s.Is(m_p, "[")) ParseAttributeSection(nullptr);
+    while (m_s.Is(m_p, "[")) ParseAttributeSection();
     h.declStart = m_p;
     if (m_s.IsIdentifier(m_p)) {
       std::string name(m_s.Text(m_p));

@@ -29,6 +29,8 @@ class CSharpSyntaxScanner {
 
   CSharpSyntaxScanner(std::string_view text, const CsTokenStream& stream);
 
+  // Token i (the End token for any i past the end), its text, and tests of its kind,
+  // punctuator text or keyword.
   const CsToken& At(size_t i) const { return i < m_count ? m_tokens[i] : m_tokens[m_count - 1]; }
   std::string_view Text(size_t i) const {
     const CsToken& t = At(i);
@@ -52,6 +54,7 @@ class CSharpSyntaxScanner {
   bool IsAccessModifier(size_t i) const;
   /// Whether tokens i and i + 1 touch (no blank or comment between them).
   bool Adjacent(size_t i) const { return At(i).end == At(i + 1).start && !IsEnd(i + 1); }
+  /// The number of tokens, End included.
   size_t Count() const { return m_count; }
 
   /// The end of the type at `i` (a name with type arguments and qualifiers, a
