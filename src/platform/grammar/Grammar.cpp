@@ -124,8 +124,11 @@ void Grammar::PlanMemoisation() {
     if (exprs[e].op == Op::Rule) ++sites[exprs[e].arg];
     for (int32_t k = 0; k < exprs[e].count; ++k) todo.push_back(kids[exprs[e].first + k]);
   }
-  for (size_t i = 0; i < rules.size(); ++i)
+  memoisedRules = 0;
+  for (size_t i = 0; i < rules.size(); ++i) {
     rules[i].memoize = sites[i] >= 2 && RefersToRules(rules[i].body);
+    rules[i].memoSlot = rules[i].memoize ? memoisedRules++ : -1;
+  }
 }
 
 void Grammar::InlineRules(bool withCalls) {

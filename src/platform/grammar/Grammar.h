@@ -51,6 +51,7 @@ struct Rule {
   int32_t nameId = 0;     // same id for rules of the same name in different grammars
   bool makesNode = true;  // false for names that begin with "_"
   bool memoize = false;   // its result is kept per position (see PlanMemoisation)
+  int32_t memoSlot = -1;  // memoised: its place among the memoised rules
   bool nullable = false;
   int32_t firstSet = -1;
   int32_t line = 0;
@@ -73,6 +74,7 @@ class Grammar {
   std::vector<std::string> literals;
   std::vector<ByteClass> classes;
   std::vector<std::string> names;  // by nameId
+  int32_t memoisedRules = 0;       // how many rules are memoised
   // Per choice, per byte: the first alternative that can match a text starting with it
   // (the number of alternatives when none can).
   std::vector<std::array<uint8_t, 256>> dispatch;

@@ -7,10 +7,8 @@ namespace {
 
 // Larger inputs are refused: positions and node ids are 32-bit.
 constexpr size_t kMaxInput = size_t{1} << 30;
-// Past this many memo entries no more are made: the budget still bounds the time.
-constexpr size_t kMaxMemo = size_t{1} << 24;
-
-inline uint64_t Hash(uint64_t key) { return key * 0x9E3779B97F4A7C15ull; }
+// Inputs that would need a larger memo index are matched without memoisation.
+constexpr size_t kMaxMemoCells = size_t{1} << 25;
 
 inline unsigned char Lower(unsigned char c) {
   return (c >= 'A' && c <= 'Z') ? static_cast<unsigned char>(c + 32) : c;
@@ -38,11 +36,10 @@ bool PegMatcher::Run(int32_t startRule, int32_t abortAt) {
   m_nodes.clear();
   m_lists.clear();
   m_stack.clear();
-  if (++m_gen == 0) {
-    for (auto& m : m_memo) m.gen = 0;
-    m_gen = 1;
-  }
-  m_memoUsed = 0;
+  m_memos.clear();
+  size_t cells = static_cast<size_t>(m_n + 1) * static_cast<size_t>(m_g.memoisedRules);
+  if (cells <= kMaxMemoCells) m_memoIndex.assign(cells, -1);
+  else m_memoIndex.clear();  // too large to keep: the budget still bounds the time
   m_capStart = m_capEnd = -1;
   m_depth = 0;
   m_predicates = 0;
@@ -74,39 +71,18 @@ inline int32_t PegMatcher::Consumed(int32_t end) {
   return end;
 }
 
-PegMatcher::Memo* PegMatcher::Find(uint64_t key) {
-  if (m_memo.empty()) return nullptr;
-  size_t mask = m_memo.size() - 1;
-  for (size_t h = Hash(key) >> 20 & mask;; h = (h + 1) & mask) {
-    Memo& m = m_memo[h];
-    if (m.gen != m_gen) return nullptr;
-    if (m.key == key) return &m;
-  }
+const PegMatcher::Memo* PegMatcher::Find(const Rule& rule, int32_t pos) const {
+  if (m_memoIndex.empty()) return nullptr;
+  int32_t i = m_memoIndex[static_cast<size_t>(pos) * m_g.memoisedRules + rule.memoSlot];
+  return i >= 0 ? &m_memos[i] : nullptr;
 }
 
-PegMatcher::Memo* PegMatcher::Insert(uint64_t key) {
-  if (m_memoUsed >= kMaxMemo) return nullptr;
-  if ((m_memoUsed + 1) * 2 > m_memo.size()) {
-    std::vector<Memo> old;
-    old.swap(m_memo);
-    m_memo.assign(old.empty() ? 1024 : old.size() * 2, Memo{});
-    size_t mask = m_memo.size() - 1;
-    for (const Memo& m : old) {
-      if (m.gen != m_gen) continue;
-      size_t h = Hash(m.key) >> 20 & mask;
-      while (m_memo[h].gen == m_gen) h = (h + 1) & mask;
-      m_memo[h] = m;
-    }
-  }
-  size_t mask = m_memo.size() - 1;
-  size_t h = Hash(key) >> 20 & mask;
-  while (m_memo[h].gen == m_gen && m_memo[h].key != key) h = (h + 1) & mask;
-  Memo& m = m_memo[h];
-  if (m.gen != m_gen) ++m_memoUsed;
-  m = Memo{};
-  m.key = key;
-  m.gen = m_gen;
-  return &m;
+PegMatcher::Memo* PegMatcher::Insert(const Rule& rule, int32_t pos) {
+  if (m_memoIndex.empty()) return nullptr;
+  m_memoIndex[static_cast<size_t>(pos) * m_g.memoisedRules + rule.memoSlot] =
+      static_cast<int32_t>(m_memos.size());
+  m_memos.emplace_back();
+  return &m_memos.back();
 }
 
 int32_t PegMatcher::MakeNode(int32_t rule, int32_t start, int32_t end, size_t mark,
@@ -129,9 +105,8 @@ int32_t PegMatcher::MakeNode(int32_t rule, int32_t start, int32_t end, size_t ma
 int32_t PegMatcher::EvalRule(int32_t r, int32_t pos) {
   const Rule& rule = m_g.rules[r];
   if (!rule.nullable && (pos >= m_n || !m_g.classes[rule.firstSet][m_in[pos]])) return -1;
-  uint64_t key = (static_cast<uint64_t>(r) << 32) | static_cast<uint32_t>(pos);
   if (rule.memoize) {
-    if (const Memo* hit = Find(key)) {
+    if (const Memo* hit = Find(rule, pos)) {
       if (hit->end < 0) return -1;
       if (hit->node >= 0) {
         m_stack.push_back(hit->node);
@@ -166,14 +141,14 @@ int32_t PegMatcher::EvalRule(int32_t r, int32_t pos) {
   if (end < 0) {
     Truncate(mark);
     if (rule.memoize)
-      if (Memo* m = Insert(key)) m->end = -1;
+      if (Memo* m = Insert(rule, pos)) m->end = -1;
     return -1;
   }
   if (rule.makesNode) {
     int32_t id = MakeNode(r, pos, end, mark, capStart, capEnd);
     m_stack.push_back(id);
     if (rule.memoize)
-      if (Memo* m = Insert(key)) m->end = end, m->node = id;
+      if (Memo* m = Insert(rule, pos)) m->end = end, m->node = id;
     return end;
   }
   if (capStart >= 0 && m_capStart < 0) {
@@ -185,7 +160,7 @@ int32_t PegMatcher::EvalRule(int32_t r, int32_t pos) {
     int32_t count = static_cast<int32_t>(m_stack.size() - mark);
     m_lists.insert(m_lists.end(), m_stack.begin() + static_cast<std::ptrdiff_t>(mark),
                    m_stack.end());
-    if (Memo* m = Insert(key)) {
+    if (Memo* m = Insert(rule, pos)) {
       m->end = end;
       m->off = off;
       m->count = count;

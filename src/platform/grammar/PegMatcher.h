@@ -43,8 +43,6 @@ class PegMatcher {
     int32_t kidsOff, kidsCount;
   };
   struct Memo {
-    uint64_t key = 0;
-    uint32_t gen = 0;
     int32_t end = -1;
     int32_t node = -1;  // the node a rule of its own made, else
     int32_t off = 0;    // the nodes it left for its caller: m_lists[off .. off + count)
@@ -59,8 +57,8 @@ class PegMatcher {
   int32_t EvalRule(int32_t r, int32_t pos);
   int32_t Consumed(int32_t end);
   void Abort(int32_t pos);
-  Memo* Find(uint64_t key);
-  Memo* Insert(uint64_t key);
+  const Memo* Find(const Rule& rule, int32_t pos) const;
+  Memo* Insert(const Rule& rule, int32_t pos);
   void Truncate(size_t mark) { m_stack.resize(mark); }
   int32_t MakeNode(int32_t rule, int32_t start, int32_t end, size_t mark, int32_t capStart,
                    int32_t capEnd);
@@ -74,9 +72,11 @@ class PegMatcher {
   std::vector<int32_t> m_lists;
   std::vector<int32_t> m_stack;  // nodes matched so far by the rules being evaluated
   std::vector<std::pair<int32_t, int32_t>> m_todo;  // Build: (work node, parent id)
-  std::vector<Memo> m_memo;
-  size_t m_memoUsed = 0;
-  uint32_t m_gen = 0;
+  // Memo entries by position and memoised rule: m_memoIndex[pos * rules + slot] is the
+  // entry's index in m_memos, -1 for none. Kept by position, so that look-ups near the
+  // position being matched stay in the cache.
+  std::vector<int32_t> m_memoIndex;
+  std::vector<Memo> m_memos;
 
   int32_t m_capStart = -1, m_capEnd = -1;  // the `< >` text of the rule being evaluated
   int32_t m_depth = 0;
