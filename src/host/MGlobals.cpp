@@ -11,10 +11,12 @@
 #include "platform/automation/Window.h"
 #include "platform/codemodel/CodeElement.h"
 #include "platform/codemodel/FileCodeModel.h"
+#include "platform/forms/Font.h"
 #include "platform/forms/MessageBox.h"
 #include "platform/suite/CodeModelHelper.h"
 #include "platform/suite/ServiceObject.h"
 #include "platform/suite/SettingsStore.h"
+#include "platform/win32/WindowStyles.h"
 
 namespace annotra::MGlobals {
 
@@ -227,6 +229,23 @@ bool IsPublicInScope(const Ref<CodeElement>& element) {
     }
   });
   return result;
+}
+
+void SetFontAttributes(platform::forms::Font& font, const std::string& name, int32_t size,
+                       int32_t charset, bool bold, bool italic) {
+  Quietly([&] { font.Name = name; });
+  Quietly([&] { font.Size = size; });
+  Quietly([&] { font.Charset = charset; });
+  Quietly([&] { font.Bold = bold; });
+  Quietly([&] { font.Italic = italic; });
+}
+
+void SetNumericOnly(intptr_t hWnd) {
+  namespace w = platform::win32;
+  Quietly([&] {
+    int32_t style = w::GetWindowLongA(hWnd, w::GWL_STYLE);
+    if (style != 0) w::SetWindowLongA(hWnd, w::GWL_STYLE, style | w::ES_NUMBER);
+  });
 }
 
 void ResetForTesting() {

@@ -22,6 +22,9 @@ namespace platform::dao {
 class Workspace;
 class Database;
 }  // namespace platform::dao
+namespace platform::forms {
+struct Font;
+}
 namespace platform::suite {
 class SettingsStore;
 class ServiceObject;
@@ -115,6 +118,15 @@ bool IsPublicInScope(const Ref<CodeElement>& element);
 int16_t GetCheckBoxData(const std::string& key, const platform::Variant& def);
 /// Stores the integer 1 when `value` is 1, else 0.
 void SetCheckBoxData(const std::string& key, int16_t value);
+
+// Window helpers.
+/// Sets name, size, character set, bold and italic of `font`, in that order; errors are
+/// ignored.
+void SetFontAttributes(platform::forms::Font& font, const std::string& name, int32_t size,
+                       int32_t charset, bool bold, bool italic);
+/// Makes the edit box `hWnd` accept digits only (its style gains ES_NUMBER); a window
+/// without a style is left alone. Errors are ignored.
+void SetNumericOnly(intptr_t hWnd);
 
 // The temporary results database (src/results/MGlobals_ResultsDb.cpp). Its state lives
 // here so that ResetForTesting can forget it.

@@ -1,6 +1,8 @@
 // The shared routines of MGlobals on solutions written to a temporary folder: documents,
 // project and item lookups, item languages and visibility.
 
+#include "platform/forms/Font.h"
+#include "platform/win32/WindowStyles.h"
 #include "host/MGlobals.h"
 
 #include <gtest/gtest.h>
@@ -419,3 +421,28 @@ TEST_F(VisibilityTest, PublicInScopeNeedsEveryEnclosingElementPublic) {
 
 }  // namespace
 }  // namespace annotra
+
+// The two window helpers of the shared module.
+
+TEST(MGlobalsWindowHelpers, NumericOnlyAddsOneBitToAWindowWithAStyle) {
+  namespace w = platform::win32;
+  intptr_t edit = w::WindowStyles::Register(0x50010080);
+  annotra::MGlobals::SetNumericOnly(edit);
+  EXPECT_EQ(w::GetWindowLongA(edit, w::GWL_STYLE), 0x50010080 | 0x2000);
+  intptr_t bare = w::WindowStyles::Register(0);
+  annotra::MGlobals::SetNumericOnly(bare);  // a style of 0 is left alone
+  EXPECT_EQ(w::GetWindowLongA(bare, w::GWL_STYLE), 0);
+  annotra::MGlobals::SetNumericOnly(12345);  // no such window: nothing happens
+  w::WindowStyles::Unregister(edit);
+  w::WindowStyles::Unregister(bare);
+}
+
+TEST(MGlobalsWindowHelpers, FontAttributesAreSetTogether) {
+  platform::forms::Font font;
+  annotra::MGlobals::SetFontAttributes(font, "Consolas", 10, 204, true, false);
+  EXPECT_EQ(font.Name, "Consolas");
+  EXPECT_EQ(font.Size, 10);
+  EXPECT_EQ(font.Charset, 204);
+  EXPECT_TRUE(font.Bold);
+  EXPECT_FALSE(font.Italic);
+}

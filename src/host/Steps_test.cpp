@@ -34,3 +34,4 @@ TEST(Steps, QuietStepsAndPlainMessages) {
   EXPECT_EQ(report->entries[0].source, "");
   EXPECT_EQ(report->entries[0].line, 0);
 }
+
