@@ -1,5 +1,6 @@
 #include "analysis/CXmlAnalyzerBrowser.h"
 
+#include "platform/core/AsciiText.h"
 #include "analysis/CEstimate.h"
 #include "analysis/CStatus.h"
 #include "host/MGlobals.h"
@@ -29,12 +30,6 @@ using platform::Ref;
 namespace {
 
 constexpr const char* kEstimating = "Estimating...";
-
-std::string Lower(std::string s) {
-  for (char& c : s)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-  return s;
-}
 
 bool IsCodeLanguage(const std::string& language) {
   return language == cm::vsCMLanguageCSharp || language == cm::vsCMLanguageVB;
@@ -346,7 +341,7 @@ bool CXmlAnalyzerBrowser::CanProcessDocument(const Ref<Document>& document) {
   std::string name;
   Quietly([&] { name = document->Name(); });
   if (name.empty()) return false;
-  std::string lower = Lower(name);
+  std::string lower = platform::AsciiLower(name);
   return lower.find(".designer.") == std::string::npos && lower != "assemblyinfo.vb" &&
          lower != "assemblyinfo.cs";
 }

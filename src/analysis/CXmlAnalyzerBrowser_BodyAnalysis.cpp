@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "analysis/CXmlAnalyzerBrowser.h"
+#include "platform/core/AsciiText.h"
 #include "host/MGlobals.h"
 #include "host/Steps.h"
 #include "platform/automation/Document.h"
@@ -17,13 +18,6 @@ namespace annotra {
 
 namespace cm = platform::codemodel;
 using platform::Ref;
-
-namespace {
-std::string WithoutTabs(std::string s) {
-  s.erase(std::remove(s.begin(), s.end(), '\t'), s.end());
-  return s;
-}
-}  // namespace
 
 void CXmlAnalyzerBrowser::BodyAnalysis(const Ref<TextDocument>& textDocument,
                                        const Ref<CodeElement>& element) {
@@ -86,7 +80,7 @@ void CXmlAnalyzerBrowser::BodyAnalysis(const Ref<TextDocument>& textDocument,
         ++k;
         std::string line;
         Quietly([&] { line = start->GetLines(firstLine + k, firstLine + k + 1); });
-        if (IsLineOK(WithoutTabs(line), m_sLanguage)) ++count;
+        if (IsLineOK(platform::WithoutTabs(line), m_sLanguage)) ++count;
       }
       if (k < c - 1 && count >= lineCount) {
         if (!named) {
@@ -106,10 +100,8 @@ void CXmlAnalyzerBrowser::BodyAnalysis(const Ref<TextDocument>& textDocument,
 }
 
 bool CXmlAnalyzerBrowser::IsLineOK(const std::string& line, const std::string& language) {
-  std::string text = WithoutTabs(line);
-  size_t b = text.find_first_not_of(' ');
-  if (b == std::string::npos) return false;
-  text = text.substr(b, text.find_last_not_of(' ') - b + 1);
+  std::string text = platform::Trim(platform::WithoutTabs(line), " ");
+  if (text.empty()) return false;
   if (language == cm::vsCMLanguageVB) return !(text.size() >= 2 && text.compare(text.size() - 2, 2, " _") == 0);
   if (language == cm::vsCMLanguageCSharp) return text != "{" && text != "}";
   return true;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "analysis/CXmlAnalyzerBrowser.h"
+#include "platform/core/AsciiText.h"
 #include "host/MGlobals.h"
 #include "host/Steps.h"
 #include "platform/automation/Document.h"
@@ -44,24 +45,6 @@ std::string KindName(int kind) {
 bool HasSignature(const std::string& kindName) {
   return kindName == "Delegate" || kindName == "Method" || kindName == "Event" ||
          kindName == "Property";
-}
-
-std::string Trim(const std::string& s, const char* blanks = " ") {
-  size_t b = s.find_first_not_of(blanks);
-  if (b == std::string::npos) return "";
-  size_t e = s.find_last_not_of(blanks);
-  return s.substr(b, e - b + 1);
-}
-
-std::string WithoutTabs(std::string s) {
-  s.erase(std::remove(s.begin(), s.end(), '\t'), s.end());
-  return s;
-}
-
-std::string Lower(std::string s) {
-  for (char& c : s)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-  return s;
 }
 
 const char* kProblemNameAndType = "Parameter with different name and type in XML comment vs. definition.";
@@ -187,7 +170,7 @@ bool CXmlAnalyzerBrowser::HasAStdComment(const Ref<CodeElement>& element) {
     if (line == 1) break;
     std::string text;
     Quietly([&] { text = point->GetLines(line, line + 1); });
-    text = Trim(WithoutTabs(text));
+    text = platform::Trim(platform::WithoutTabs(text), " ");
     if (text.empty()) continue;
     if (vb) {
       if (text[0] == '\'') {
@@ -276,13 +259,13 @@ void CXmlAnalyzerBrowser::AbsentReturnTag(const Ref<TextDocument>& textDocument,
                                           const Ref<CodeElement>& element, const std::string& sType) {
   std::string prototype;
   Quietly([&] { prototype = element->Prototype(cm::vsCMPrototypeType); });
-  prototype = Trim(prototype);
+  prototype = platform::Trim(prototype, " ");
   std::string type;
   if (!prototype.empty()) {
     size_t space = prototype.find(' ');
     if (space != std::string::npos) type = prototype.substr(0, space);
   }
-  type = Lower(Trim(type));
+  type = platform::AsciiLower(platform::Trim(type, " "));
   if (type.empty() || type == "void" || type == "system.void") return;
   std::string name;
   Steps("Quillmark.CXmlAnalyzerBrowser.AbsentReturnTag")(1, [&] { name = element->Name(); });

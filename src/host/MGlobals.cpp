@@ -1,5 +1,6 @@
 #include "host/MGlobals.h"
 
+#include "platform/core/AsciiText.h"
 #include "host/Steps.h"
 #include "platform/automation/AutomationConstants.h"
 #include "platform/automation/DTE.h"
@@ -48,11 +49,6 @@ namespace {
 Ref<platform::suite::ServiceObject> g_service;
 Ref<platform::suite::CodeModelHelper> g_codeModelHelper;
 
-std::string Lower(std::string s) {
-  for (char& c : s)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-  return s;
-}
 }  // namespace
 
 Ref<platform::suite::ServiceObject> Service() {
@@ -193,7 +189,7 @@ std::string GetItemLanguage(const Ref<ProjectItem>& item) {
     Quietly([&] {
       auto object = item->Object();
       if (!platform::TryAs<WebProjectItemObject>(object)) return;
-      std::string name = Lower(item->Name());
+      std::string name = platform::AsciiLower(item->Name());
       if (name.size() > 3) {
         std::string last = name.substr(name.size() - 3);
         if (last == ".vb") language = cm::vsCMLanguageVB;

@@ -8,21 +8,17 @@
 #include <system_error>
 
 #include "platform/automation/FileGlob.h"
+#include "platform/core/AsciiText.h"
 
 namespace platform::automation {
 namespace {
+
+using platform::Trim;
 
 constexpr int kMaxNesting = 64;
 
 // Thrown inside the parser for a condition that cannot be evaluated; caught at the top.
 struct Invalid {};
-
-std::string Trim(std::string_view s) {
-  size_t a = s.find_first_not_of(" \t\r\n");
-  if (a == std::string_view::npos) return "";
-  size_t b = s.find_last_not_of(" \t\r\n");
-  return std::string(s.substr(a, b - a + 1));
-}
 
 std::optional<double> Number(const std::string& text) {
   std::string t = Trim(text);

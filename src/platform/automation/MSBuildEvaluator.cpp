@@ -13,9 +13,12 @@
 #include "platform/automation/MSBuildCondition.h"
 #include "platform/automation/MSBuildExpander.h"
 #include "platform/core/Error.h"
+#include "platform/core/AsciiText.h"
 
 namespace platform::automation {
 namespace {
+
+using platform::Trim;
 
 namespace fs = std::filesystem;
 
@@ -56,13 +59,6 @@ bool IsItemOperationAttribute(std::string_view name) {
       "include", "exclude", "remove", "update", "condition", "keepmetadata", "removemetadata",
       "keepduplicates", "matchonmetadata", "matchonmetadataoptions", "label"};
   return names.count(LowerAscii(name)) != 0;
-}
-
-std::string Trim(std::string_view s) {
-  size_t a = s.find_first_not_of(" \t\r\n");
-  if (a == std::string_view::npos) return "";
-  size_t b = s.find_last_not_of(" \t\r\n");
-  return std::string(s.substr(a, b - a + 1));
 }
 
 // A file taking part in the evaluation, kept alive while its nodes are referred to.

@@ -7,21 +7,17 @@
 
 #include "platform/automation/FileGlob.h"
 #include "platform/automation/FrameworkSymbols.h"
+#include "platform/core/AsciiText.h"
 
 namespace platform::automation {
 namespace {
+
+using platform::Trim;
 
 constexpr size_t kMaxExpansion = 1 << 20;
 constexpr int kMaxDepth = 32;
 
 std::string Expand(std::string_view text, const MSBuildScope& scope, int depth);
-
-std::string Trim(std::string_view s) {
-  size_t a = s.find_first_not_of(" \t\r\n");
-  if (a == std::string_view::npos) return "";
-  size_t b = s.find_last_not_of(" \t\r\n");
-  return std::string(s.substr(a, b - a + 1));
-}
 
 bool IsNameChar(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||

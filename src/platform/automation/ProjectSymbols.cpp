@@ -3,16 +3,12 @@
 #include <algorithm>
 
 #include "platform/automation/FileGlob.h"
+#include "platform/core/AsciiText.h"
 
 namespace platform::automation {
 namespace {
 
-std::string Trim(std::string_view s) {
-  size_t a = s.find_first_not_of(" \t\r\n");
-  if (a == std::string_view::npos) return "";
-  size_t b = s.find_last_not_of(" \t\r\n");
-  return std::string(s.substr(a, b - a + 1));
-}
+using platform::Trim;
 
 // `text` in double quotes: a VB string constant.
 std::string Quote(std::string_view text) {

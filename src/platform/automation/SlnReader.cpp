@@ -7,16 +7,12 @@
 #include "platform/automation/DefinitionText.h"
 #include "platform/automation/FileGlob.h"
 #include "platform/core/Error.h"
+#include "platform/core/AsciiText.h"
 
 namespace platform::automation {
 namespace {
 
-std::string Trim(std::string_view s) {
-  size_t a = s.find_first_not_of(" \t\r\n");
-  if (a == std::string_view::npos) return "";
-  size_t b = s.find_last_not_of(" \t\r\n");
-  return std::string(s.substr(a, b - a + 1));
-}
+using platform::Trim;
 
 bool StartsWith(std::string_view s, std::string_view prefix) {
   return s.size() >= prefix.size() && LowerAscii(s.substr(0, prefix.size())) == LowerAscii(prefix);

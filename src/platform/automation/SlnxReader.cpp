@@ -7,18 +7,14 @@
 #include "platform/automation/DefinitionText.h"
 #include "platform/automation/FileGlob.h"
 #include "platform/core/Error.h"
+#include "platform/core/AsciiText.h"
 
 namespace platform::automation {
 namespace {
 
-constexpr int kMaxDepth = 64;
+using platform::Trim;
 
-std::string Trim(std::string_view s) {
-  size_t a = s.find_first_not_of(" \t\r\n");
-  if (a == std::string_view::npos) return "";
-  size_t b = s.find_last_not_of(" \t\r\n");
-  return std::string(s.substr(a, b - a + 1));
-}
+constexpr int kMaxDepth = 64;
 
 std::string Slashes(std::string s) {
   std::replace(s.begin(), s.end(), '\\', '/');
