@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
-#include <utility>
+#include <vector>
 
 namespace platform::codemodel {
 namespace {
@@ -12,43 +11,53 @@ namespace {
 // recognising them, so that hostile input cannot exhaust the stack.
 constexpr int kMaxDepth = 32;
 
+bool IsAsciiLetter(unsigned char c) { return (c | 0x20) >= 'a' && (c | 0x20) <= 'z'; }
+bool IsDigit(unsigned char c) { return c >= '0' && c <= '9'; }
+bool IsNewline(char c) { return c == '\r' || c == '\n'; }
+
 struct KeywordEntry {
   std::string_view text;
   VbKeyword keyword;
 };
 
-const std::array<KeywordEntry, static_cast<size_t>(VbKeyword::Yield)>& SortedKeywords() {
-  static const auto table = [] {
-    std::array<KeywordEntry, static_cast<size_t>(VbKeyword::Yield)> t{{
+constexpr size_t kMaxKeywordLength = 16;
+
+// The keywords grouped by length and first letter, so that a word is compared with the
+// few keywords that could be it (a binary search over all of them spent most of its time
+// in memcmp).
+struct KeywordTable {
+  std::array<std::vector<KeywordEntry>, (kMaxKeywordLength + 1) * 26> buckets;
+  KeywordTable() {
+    static constexpr KeywordEntry kAll[] = {
 #define ANNOTRA_VB_KEYWORD_ENTRY(name, text) {text, VbKeyword::name},
         ANNOTRA_VB_KEYWORDS(ANNOTRA_VB_KEYWORD_ENTRY)
 #undef ANNOTRA_VB_KEYWORD_ENTRY
-    }};
-    std::sort(t.begin(), t.end(), [](const KeywordEntry& a, const KeywordEntry& b) { return a.text < b.text; });
-    return t;
-  }();
-  return table;
-}
+    };
+    for (const KeywordEntry& e : kAll) buckets[Index(e.text.size(), e.text[0])].push_back(e);
+  }
+  static size_t Index(size_t length, char first) { return length * 26 + static_cast<size_t>(first - 'a'); }
+};
 
-bool IsAsciiLetter(unsigned char c) { return (c | 0x20) >= 'a' && (c | 0x20) <= 'z'; }
-bool IsDigit(unsigned char c) { return c >= '0' && c <= '9'; }
-bool IsNewline(char c) { return c == '\r' || c == '\n'; }
 
 }  // namespace
 
 VbKeyword LookupVbKeyword(std::string_view word) {
-  char lower[16];
-  if (word.empty() || word.size() > sizeof lower) return VbKeyword::None;
+  static const KeywordTable table;
+  char lower[kMaxKeywordLength];
+  if (word.size() < 2 || word.size() > kMaxKeywordLength) return VbKeyword::None;
   for (size_t i = 0; i < word.size(); ++i) {
     unsigned char c = static_cast<unsigned char>(word[i]);
-    if (c >= 0x80) return VbKeyword::None;
-    lower[i] = static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
+    if (!IsAsciiLetter(c)) return VbKeyword::None;  // keywords are letters only
+    lower[i] = static_cast<char>(c | 0x20);
   }
   std::string_view key(lower, word.size());
-  const auto& table = SortedKeywords();
-  auto it = std::lower_bound(table.begin(), table.end(), key,
-                             [](const KeywordEntry& e, std::string_view k) { return e.text < k; });
-  return it != table.end() && it->text == key ? it->keyword : VbKeyword::None;
+  for (const KeywordEntry& e : table.buckets[KeywordTable::Index(word.size(), lower[0])]) {
+    // Keywords are short: a plain loop beats a call to memcmp.
+    size_t i = 1;
+    while (i < key.size() && e.text[i] == key[i]) ++i;
+    if (i == key.size()) return e.keyword;
+  }
+  return VbKeyword::None;
 }
 
 bool ExpectsOperand(const VbToken& t) {
@@ -95,7 +104,18 @@ size_t VbLexer::BlankAt(size_t pos) const {
 }
 
 uint32_t VbLexer::SkipBlanks(uint32_t pos) const {
-  while (size_t n = BlankAt(pos)) pos += static_cast<uint32_t>(n);
+  const size_t n = m_text.size();
+  while (pos < n) {
+    char c = m_text[pos];
+    if (c == ' ' || c == '\t') {
+      ++pos;
+      continue;
+    }
+    if (static_cast<unsigned char>(c) < 0x80 && c != '\f' && c != '\v') break;
+    size_t b = BlankAt(pos);  // the rarer blanks
+    if (!b) break;
+    pos += static_cast<uint32_t>(b);
+  }
   return pos;
 }
 
@@ -144,8 +164,13 @@ uint32_t VbLexer::Find(uint32_t pos, std::string_view what) const {
 }
 
 uint32_t VbLexer::ScanIdentifierEnd(uint32_t pos) const {
+  const size_t n = m_text.size();
   ++pos;
-  while (IdentPartAt(pos)) ++pos;
+  while (pos < n) {
+    unsigned char c = static_cast<unsigned char>(m_text[pos]);
+    if (c < 0x80 ? (IsAsciiLetter(c) || IsDigit(c) || c == '_') : IdentPartAt(pos)) ++pos;
+    else break;
+  }
   return pos;
 }
 
@@ -393,40 +418,83 @@ uint32_t VbLexer::ScanXmlEnd(uint32_t start, bool tagOnly) {
 }
 
 VbToken VbLexer::ScanPunct(uint32_t& pos) {
-  static constexpr std::pair<std::string_view, VbPunct> kPuncts[] = {
-      {"<<=", VbPunct::ShiftLeftEquals}, {">>=", VbPunct::ShiftRightEquals}, {"...", VbPunct::Ellipsis},
-      {":=", VbPunct::ColonEquals}, {"<>", VbPunct::NotEquals}, {"<=", VbPunct::LessEquals},
-      {">=", VbPunct::GreaterEquals}, {"<<", VbPunct::ShiftLeft}, {">>", VbPunct::ShiftRight},
-      {"+=", VbPunct::PlusEquals}, {"-=", VbPunct::MinusEquals}, {"*=", VbPunct::StarEquals},
-      {"/=", VbPunct::SlashEquals}, {"\\=", VbPunct::BackslashEquals}, {"^=", VbPunct::CaretEquals},
-      {"&=", VbPunct::AmpEquals}, {"?.", VbPunct::QuestionDot}, {"(", VbPunct::LParen},
-      {")", VbPunct::RParen}, {"{", VbPunct::LBrace}, {"}", VbPunct::RBrace}, {",", VbPunct::Comma},
-      {".", VbPunct::Dot}, {":", VbPunct::Colon}, {"=", VbPunct::Equals}, {"<", VbPunct::Less},
-      {">", VbPunct::Greater}, {"+", VbPunct::Plus}, {"-", VbPunct::Minus}, {"*", VbPunct::Star},
-      {"/", VbPunct::Slash}, {"\\", VbPunct::Backslash}, {"^", VbPunct::Caret}, {"&", VbPunct::Amp},
-      {"?", VbPunct::Question}, {"!", VbPunct::Bang}, {"@", VbPunct::At}, {"#", VbPunct::Hash},
-      {"$", VbPunct::Dollar}, {"%", VbPunct::Percent}, {";", VbPunct::Semicolon},
-  };
+  const size_t n = m_text.size();
+  auto at = [&](size_t k) { return pos + k < n ? m_text[pos + k] : '\0'; };
   VbToken t;
   t.offset = pos;
-  for (const auto& [text, punct] : kPuncts) {
-    if (m_text.compare(pos, text.size(), text) == 0) {
-      // "?." before a digit is '?' and a number (a ? .5 : ...), not member access.
-      if (punct == VbPunct::QuestionDot && pos + 2 < m_text.size() && IsDigit(static_cast<unsigned char>(m_text[pos + 2])))
-        continue;
-      t.kind = VbTokenKind::Punct;
-      t.punct = punct;
-      t.length = static_cast<uint32_t>(text.size());
-      pos += t.length;
-      return t;
+  t.kind = VbTokenKind::Punct;
+  VbPunct p = VbPunct::None;
+  uint32_t len = 1;
+  // An operator followed by '=' is its compound assignment.
+  auto compound = [&](VbPunct plain, VbPunct assign) {
+    if (at(1) == '=') {
+      len = 2;
+      return assign;
     }
+    return plain;
+  };
+  switch (at(0)) {
+    case '(': p = VbPunct::LParen; break;
+    case ')': p = VbPunct::RParen; break;
+    case '{': p = VbPunct::LBrace; break;
+    case '}': p = VbPunct::RBrace; break;
+    case ',': p = VbPunct::Comma; break;
+    case ';': p = VbPunct::Semicolon; break;
+    case '@': p = VbPunct::At; break;
+    case '#': p = VbPunct::Hash; break;
+    case '$': p = VbPunct::Dollar; break;
+    case '%': p = VbPunct::Percent; break;
+    case '!': p = VbPunct::Bang; break;
+    case '.':
+      if (at(1) == '.' && at(2) == '.') p = VbPunct::Ellipsis, len = 3;
+      else p = VbPunct::Dot;
+      break;
+    case ':': p = compound(VbPunct::Colon, VbPunct::ColonEquals); break;
+    case '=': p = VbPunct::Equals; break;
+    case '+': p = compound(VbPunct::Plus, VbPunct::PlusEquals); break;
+    case '-': p = compound(VbPunct::Minus, VbPunct::MinusEquals); break;
+    case '*': p = compound(VbPunct::Star, VbPunct::StarEquals); break;
+    case '/': p = compound(VbPunct::Slash, VbPunct::SlashEquals); break;
+    case '\\': p = compound(VbPunct::Backslash, VbPunct::BackslashEquals); break;
+    case '^': p = compound(VbPunct::Caret, VbPunct::CaretEquals); break;
+    case '&': p = compound(VbPunct::Amp, VbPunct::AmpEquals); break;
+    case '?':
+      // "?." before a digit is '?' and a number (a ? .5 : ...), not member access.
+      if (at(1) == '.' && !IsDigit(static_cast<unsigned char>(at(2)))) p = VbPunct::QuestionDot, len = 2;
+      else p = VbPunct::Question;
+      break;
+    case '<':
+      if (at(1) == '<') {
+        p = at(2) == '=' ? VbPunct::ShiftLeftEquals : VbPunct::ShiftLeft;
+        len = at(2) == '=' ? 3 : 2;
+      } else if (at(1) == '>') {
+        p = VbPunct::NotEquals, len = 2;
+      } else {
+        p = compound(VbPunct::Less, VbPunct::LessEquals);
+      }
+      break;
+    case '>':
+      if (at(1) == '>') {
+        p = at(2) == '=' ? VbPunct::ShiftRightEquals : VbPunct::ShiftRight;
+        len = at(2) == '=' ? 3 : 2;
+      } else {
+        p = compound(VbPunct::Greater, VbPunct::GreaterEquals);
+      }
+      break;
+    default: break;
+  }
+  if (p != VbPunct::None) {
+    t.punct = p;
+    t.length = len;
+    pos += len;
+    return t;
   }
   // Something no token begins with: one whole UTF-8 character.
   t.kind = VbTokenKind::Unknown;
-  uint32_t p = pos + 1;
-  while (p < m_text.size() && (static_cast<unsigned char>(m_text[p]) & 0xC0) == 0x80) ++p;
-  t.length = p - pos;
-  pos = p;
+  uint32_t q = pos + 1;
+  while (q < n && (static_cast<unsigned char>(m_text[q]) & 0xC0) == 0x80) ++q;
+  t.length = q - pos;
+  pos = q;
   return t;
 }
 
@@ -449,7 +517,8 @@ VbToken VbLexer::Scan(uint32_t& pos, const VbScanContext& ctx) {
   unsigned char c = static_cast<unsigned char>(m_text[pos]);
   if (c == '\r') return finish(VbTokenKind::Newline, pos + 1 < n && m_text[pos + 1] == '\n' ? pos + 2 : pos + 1);
   if (c == '\n') return finish(VbTokenKind::Newline, pos + 1);
-  if (size_t a = ApostropheAt(pos)) {
+  const bool ascii = c < 0x80;
+  if (size_t a = ascii ? (c == '\'' ? 1 : 0) : ApostropheAt(pos)) {
     // ''' begins a documentation comment, '''' does not.
     size_t p = pos + a, marks = 1;
     while (marks < 4)
@@ -458,7 +527,7 @@ VbToken VbLexer::Scan(uint32_t& pos, const VbScanContext& ctx) {
     t.docComment = marks == 3;
     return finish(VbTokenKind::Comment, LineEnd(pos));
   }
-  if (size_t q = QuoteAt(pos)) {
+  if (size_t q = ascii ? (c == '"' ? 1 : 0) : QuoteAt(pos)) {
     uint32_t end = ScanStringEnd(pos + static_cast<uint32_t>(q));
     if (end < n && (m_text[end] | 0x20) == 'c' && !IdentPartAt(end + 1)) return finish(VbTokenKind::Char, end + 1);
     return finish(VbTokenKind::String, end);
