@@ -1,7 +1,9 @@
 #include "platform/grammar/Grammar.h"
 
+#include <bitset>
 #include <cctype>
 #include <functional>
+#include <unordered_map>
 
 namespace platform::grammar {
 
@@ -52,13 +54,19 @@ std::string Grammar::Where(int32_t line, int32_t column) const {
 }
 
 bool Grammar::Analyse(std::string& error) {
+  // The analysis makes passes over the whole grammar until nothing changes; far larger
+  // than any real grammar, a grammar could keep it busy for long.
+  if (rules.size() > kMaxRules || exprs.size() > kMaxExprs) {
+    error = source + ": grammar too large (at most " + std::to_string(kMaxRules) + " rules and " +
+            std::to_string(kMaxExprs) + " expressions)";
+    return false;
+  }
   names.clear();
+  std::unordered_map<std::string, int32_t> ids;
   for (auto& r : rules) {
-    int32_t id = FindNameId(r.name);
-    if (id < 0) {
-      names.push_back(r.name);
-      id = static_cast<int32_t>(names.size() - 1);
-    }
+    auto [it, added] = ids.emplace(r.name, static_cast<int32_t>(names.size()));
+    if (added) names.push_back(r.name);
+    int32_t id = it->second;
     r.nameId = id;
     r.makesNode = r.name.empty() || r.name[0] != '_';
   }
@@ -94,17 +102,26 @@ void Grammar::BuildDispatch() {
 }
 
 bool Grammar::RefersToRules(int32_t body) const {
-  std::vector<int32_t> todo{body};
-  std::vector<char> seen(exprs.size(), 0);
+  uint32_t stamp = NewStamp();
+  std::vector<int32_t>& todo = m_todo;
+  todo.assign(1, body);
   while (!todo.empty()) {
     int32_t e = todo.back();
     todo.pop_back();
-    if (seen[e]) continue;
-    seen[e] = 1;
+    if (m_stamps[e] == stamp) continue;
+    m_stamps[e] = stamp;
     if (exprs[e].op == Op::Rule) return true;
     for (int32_t k = 0; k < exprs[e].count; ++k) todo.push_back(kids[exprs[e].first + k]);
   }
   return false;
+}
+
+uint32_t Grammar::NewStamp() const {
+  if (m_stamps.size() != exprs.size() || m_stamp == UINT32_MAX) {
+    m_stamps.assign(exprs.size(), 0);
+    m_stamp = 0;
+  }
+  return ++m_stamp;
 }
 
 void Grammar::PlanMemoisation() {
@@ -135,33 +152,37 @@ void Grammar::InlineRules(bool withCalls) {
   // A call of a rule that makes no node and is not memoised is replaced by the rule's
   // body: same matches, same text, one evaluation less. First only rules that call no
   // others; then (withCalls) every such rule, unless it calls itself.
+  std::vector<char> refers(rules.size());
   bool changed = true;
   while (changed) {
     changed = false;
+    for (size_t r = 0; r < rules.size(); ++r) refers[r] = RefersToRules(rules[r].body);
     for (size_t i = 0; i < exprs.size(); ++i) {
-      if (exprs[i].op != Op::Rule) continue;
-      const Rule& r = rules[exprs[i].arg];
-      if (r.makesNode || r.memoize) continue;
-      if (RefersToRules(r.body) && (!withCalls || Contains(r.body, static_cast<int32_t>(i))))
-        continue;
-      int32_t line = exprs[i].line, column = exprs[i].column;
-      exprs[i] = exprs[r.body];
-      exprs[i].line = line;
-      exprs[i].column = column;
-      changed = true;
+      for (int hops = 0; exprs[i].op == Op::Rule && hops < 64; ++hops) {
+        int32_t target = exprs[i].arg;
+        const Rule& r = rules[target];
+        if (r.makesNode || r.memoize) break;
+        if (refers[target] && (!withCalls || Contains(r.body, static_cast<int32_t>(i)))) break;
+        int32_t line = exprs[i].line, column = exprs[i].column;
+        exprs[i] = exprs[r.body];
+        exprs[i].line = line;
+        exprs[i].column = column;
+        changed = true;
+      }
     }
   }
 }
 
 bool Grammar::Contains(int32_t root, int32_t target) const {
-  std::vector<int32_t> todo{root};
-  std::vector<char> seen(exprs.size(), 0);
+  uint32_t stamp = NewStamp();
+  std::vector<int32_t>& todo = m_todo;
+  todo.assign(1, root);
   while (!todo.empty()) {
     int32_t e = todo.back();
     todo.pop_back();
     if (e == target) return true;
-    if (seen[e]) continue;
-    seen[e] = 1;
+    if (m_stamps[e] == stamp) continue;
+    m_stamps[e] = stamp;
     if (exprs[e].op == Op::Rule) {
       todo.push_back(rules[exprs[e].arg].body);
       continue;
@@ -171,43 +192,54 @@ bool Grammar::Contains(int32_t root, int32_t target) const {
   return false;
 }
 
+template <class F>
+void Grammar::UntilStable(F visit) {
+  // Alternating the order of the rules lets a chain of rules settle in one pass,
+  // whichever way it was written.
+  bool changed = true;
+  for (bool ascending = true; changed; ascending = !ascending) {
+    changed = false;
+    for (size_t i = 0; i < rules.size(); ++i) {
+      const Rule& r = rules[ascending ? i : rules.size() - 1 - i];
+      for (int32_t e = r.firstExpr; e <= r.body; ++e) changed = visit(e) || changed;
+      changed = visit(-1 - static_cast<int32_t>(&r - rules.data())) || changed;
+    }
+  }
+}
+
 bool Grammar::ComputeNullable() {
   for (auto& e : exprs) e.nullable = false;
   for (auto& r : rules) r.nullable = false;
-  bool changed = true;
-  while (changed) {
-    changed = false;
-    for (auto& e : exprs) {
-      bool n = false;
-      switch (e.op) {
-        case Op::Empty: case Op::Star: case Op::Optional: case Op::And: case Op::Not:
-        case Op::ClassStar: case Op::ScanUntil:
-          n = true;
-          break;
-        case Op::Literal: case Op::LiteralI: n = literals[e.arg].empty(); break;
-        case Op::Class: case Op::Any: case Op::ClassPlus: n = false; break;
-        case Op::Seq:
-          n = true;
-          for (int32_t k = 0; k < e.count; ++k) n = n && exprs[kids[e.first + k]].nullable;
-          break;
-        case Op::Choice:
-          for (int32_t k = 0; k < e.count; ++k) n = n || exprs[kids[e.first + k]].nullable;
-          break;
-        case Op::Plus: case Op::Capture: n = exprs[kids[e.first]].nullable; break;
-        case Op::Rule: n = rules[e.arg].nullable; break;
-      }
-      if (n && !e.nullable) {
-        e.nullable = true;
-        changed = true;
-      }
+  UntilStable([&](int32_t i) {
+    if (i < 0) {
+      Rule& r = rules[-1 - i];
+      if (!exprs[r.body].nullable || r.nullable) return false;
+      r.nullable = true;
+      return true;
     }
-    for (auto& r : rules) {
-      if (exprs[r.body].nullable && !r.nullable) {
-        r.nullable = true;
-        changed = true;
-      }
+    Expr& e = exprs[i];
+    if (e.nullable) return false;
+    bool n = false;
+    switch (e.op) {
+      case Op::Empty: case Op::Star: case Op::Optional: case Op::And: case Op::Not:
+      case Op::ClassStar: case Op::ScanUntil:
+        n = true;
+        break;
+      case Op::Literal: case Op::LiteralI: n = literals[e.arg].empty(); break;
+      case Op::Class: case Op::Any: case Op::ClassPlus: n = false; break;
+      case Op::Seq:
+        n = true;
+        for (int32_t k = 0; k < e.count; ++k) n = n && exprs[kids[e.first + k]].nullable;
+        break;
+      case Op::Choice:
+        for (int32_t k = 0; k < e.count; ++k) n = n || exprs[kids[e.first + k]].nullable;
+        break;
+      case Op::Plus: case Op::Capture: n = exprs[kids[e.first]].nullable; break;
+      case Op::Rule: n = rules[e.arg].nullable; break;
     }
-  }
+    e.nullable = n;
+    return n;
+  });
   return true;
 }
 
@@ -234,27 +266,30 @@ bool Grammar::CheckLeftRecursion(std::string& error) {
     }
   };
   for (size_t i = 0; i < rules.size(); ++i) collect(rules[i].body, left[i]);
-  // Depth-first search for a cycle; state 1 = on the path, 2 = done.
+  // Depth-first search for a cycle, iterative so that a long chain of rules cannot
+  // exhaust the stack; state 1 = on the path, 2 = done.
   std::vector<int> state(rules.size(), 0);
-  std::function<int32_t(int32_t)> visit = [&](int32_t r) -> int32_t {
-    state[r] = 1;
-    for (int32_t to : left[r]) {
-      if (state[to] == 1) return to;
-      if (state[to] == 0) {
-        int32_t c = visit(to);
-        if (c >= 0) return c;
+  for (size_t root = 0; root < rules.size(); ++root) {
+    if (state[root] != 0) continue;
+    std::vector<std::pair<int32_t, size_t>> path{{static_cast<int32_t>(root), 0}};
+    state[root] = 1;
+    while (!path.empty()) {
+      auto& [r, next] = path.back();
+      if (next == left[r].size()) {
+        state[r] = 2;
+        path.pop_back();
+        continue;
       }
-    }
-    state[r] = 2;
-    return -1;
-  };
-  for (size_t i = 0; i < rules.size(); ++i) {
-    if (state[i] != 0) continue;
-    int32_t c = visit(static_cast<int32_t>(i));
-    if (c >= 0) {
-      error = Where(rules[c].line, rules[c].column) + "rule '" + rules[c].name +
-              "' is left-recursive";
-      return false;
+      int32_t to = left[r][next++];
+      if (state[to] == 1) {
+        error = Where(rules[to].line, rules[to].column) + "rule '" + rules[to].name +
+                "' is left-recursive";
+        return false;
+      }
+      if (state[to] == 0) {
+        state[to] = 1;
+        path.push_back({to, 0});
+      }
     }
   }
   return true;
@@ -271,53 +306,58 @@ bool Grammar::CheckRepetitions(std::string& error) {
 }
 
 void Grammar::ComputeFirstSets() {
-  std::vector<ByteClass> first(exprs.size(), ByteClass{});
-  std::vector<ByteClass> ruleFirst(rules.size(), ByteClass{});
-  auto merge = [](ByteClass& into, const ByteClass& from) {
-    bool changed = false;
-    for (int i = 0; i < 256; ++i)
-      if (from[i] && !into[i]) into[i] = 1, changed = true;
-    return changed;
+  using Bits = std::bitset<256>;
+  std::vector<Bits> first(exprs.size()), ruleFirst(rules.size());
+  auto merge = [](Bits& into, const Bits& from) {
+    Bits before = into;
+    into |= from;
+    return into != before;
   };
-  bool changed = true;
-  while (changed) {
-    changed = false;
-    for (size_t i = 0; i < exprs.size(); ++i) {
-      const Expr& e = exprs[i];
-      ByteClass f{};
-      switch (e.op) {
-        case Op::Literal:
-          if (!literals[e.arg].empty()) f[static_cast<uint8_t>(literals[e.arg][0])] = 1;
-          break;
-        case Op::LiteralI:
-          if (!literals[e.arg].empty()) {
-            unsigned char c = static_cast<unsigned char>(literals[e.arg][0]);
-            f[std::tolower(c)] = 1;
-            f[std::toupper(c)] = 1;
-          }
-          break;
-        case Op::Class: case Op::ClassStar: case Op::ClassPlus: f = classes[e.arg]; break;
-        case Op::Any: case Op::ScanUntil: f.fill(1); break;
-        case Op::Seq:
-          for (int32_t k = 0; k < e.count; ++k) {
-            int32_t kid = kids[e.first + k];
-            merge(f, first[kid]);
-            if (!exprs[kid].nullable) break;
-          }
-          break;
-        case Op::Choice: case Op::Star: case Op::Plus: case Op::Optional: case Op::Capture:
-          for (int32_t k = 0; k < e.count; ++k) merge(f, first[kids[e.first + k]]);
-          break;
-        case Op::Rule: f = ruleFirst[e.arg]; break;
-        case Op::Empty: case Op::And: case Op::Not: break;  // nullable: always tried
-      }
-      if (merge(first[i], f)) changed = true;
+  UntilStable([&](int32_t i) {
+    if (i < 0) {
+      const Rule& r = rules[-1 - i];
+      return merge(ruleFirst[-1 - i], first[r.body]);
     }
-    for (size_t r = 0; r < rules.size(); ++r)
-      if (merge(ruleFirst[r], first[rules[r].body])) changed = true;
-  }
-  for (size_t i = 0; i < exprs.size(); ++i) exprs[i].firstSet = AddClass(first[i]);
-  for (size_t r = 0; r < rules.size(); ++r) rules[r].firstSet = AddClass(ruleFirst[r]);
+    const Expr& e = exprs[i];
+    Bits f;
+    switch (e.op) {
+      case Op::Literal:
+        if (!literals[e.arg].empty()) f.set(static_cast<uint8_t>(literals[e.arg][0]));
+        break;
+      case Op::LiteralI:
+        if (!literals[e.arg].empty()) {
+          unsigned char c = static_cast<unsigned char>(literals[e.arg][0]);
+          f.set(std::tolower(c));
+          f.set(std::toupper(c));
+        }
+        break;
+      case Op::Class: case Op::ClassStar: case Op::ClassPlus:
+        for (int c = 0; c < 256; ++c)
+          if (classes[e.arg][c]) f.set(c);
+        break;
+      case Op::Any: case Op::ScanUntil: f.set(); break;
+      case Op::Seq:
+        for (int32_t k = 0; k < e.count; ++k) {
+          int32_t kid = kids[e.first + k];
+          f |= first[kid];
+          if (!exprs[kid].nullable) break;
+        }
+        break;
+      case Op::Choice: case Op::Star: case Op::Plus: case Op::Optional: case Op::Capture:
+        for (int32_t k = 0; k < e.count; ++k) f |= first[kids[e.first + k]];
+        break;
+      case Op::Rule: f = ruleFirst[e.arg]; break;
+      case Op::Empty: case Op::And: case Op::Not: break;  // nullable: always tried
+    }
+    return merge(first[i], f);
+  });
+  auto toClass = [](const Bits& b) {
+    ByteClass c{};
+    for (int i = 0; i < 256; ++i) c[i] = b[i];
+    return c;
+  };
+  for (size_t i = 0; i < exprs.size(); ++i) exprs[i].firstSet = AddClass(toClass(first[i]));
+  for (size_t r = 0; r < rules.size(); ++r) rules[r].firstSet = AddClass(toClass(ruleFirst[r]));
 }
 
 bool Grammar::IsByteClass(int32_t e, ByteClass& out, int depth) const {

@@ -1,5 +1,6 @@
 #pragma once
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -48,6 +49,7 @@ struct Rule {
   std::string grammar;    // the grammar that declares it
   std::string name;       // its own name
   int32_t body = -1;      // expression index
+  int32_t firstExpr = 0;  // its expressions are firstExpr .. body, operands first
   int32_t nameId = 0;     // same id for rules of the same name in different grammars
   bool makesNode = true;  // false for names that begin with "_"
   bool memoize = false;   // its result is kept per position (see PlanMemoisation)
@@ -67,6 +69,9 @@ using ByteClass = std::array<uint8_t, 256>;
 /// ready for matching by Analyse.
 class Grammar {
  public:
+  static constexpr size_t kMaxRules = 4096;
+  static constexpr size_t kMaxExprs = 65536;
+
   std::string source;  // the file it came from, for messages
   std::vector<Rule> rules;
   std::vector<Expr> exprs;
@@ -99,6 +104,10 @@ class Grammar {
 
  private:
   bool ComputeNullable();
+  // Runs `visit` over every rule's expressions, operands before what uses them, rules
+  // in ascending or descending order, until a pass changes nothing.
+  template <class F>
+  void UntilStable(F visit);
   bool CheckLeftRecursion(std::string& error);
   bool CheckRepetitions(std::string& error);
   void ComputeFirstSets();
@@ -110,6 +119,12 @@ class Grammar {
   bool Contains(int32_t root, int32_t target) const;
   bool IsByteClass(int32_t e, ByteClass& out, int depth) const;
   std::string Where(int32_t line, int32_t column) const;
+  uint32_t NewStamp() const;
+
+  // Scratch space of the traversals: a visit stamp per expression.
+  mutable std::vector<uint32_t> m_stamps;
+  mutable uint32_t m_stamp = 0;
+  mutable std::vector<int32_t> m_todo;
 };
 
 }  // namespace platform::grammar

@@ -1,5 +1,6 @@
 #include "platform/grammar/GrammarReader.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -59,6 +60,7 @@ class Reader {
       r.name = word;
       Locate(start, r.line, r.column);
       size_t bodyStart = m_pos;
+      r.firstExpr = static_cast<int32_t>(m_g.exprs.size());
       r.body = Expression(0);
       if (m_pos == bodyStart) Fail(bodyStart, "rule '" + word + "' has no expression");
       m_ruleIndex[qualified] = static_cast<int32_t>(m_g.rules.size());
@@ -75,14 +77,15 @@ class Reader {
   }
 
   void Locate(size_t pos, int32_t& line, int32_t& column) {
-    if (pos < m_locPos) m_locPos = 0, m_locLine = 1, m_locCol = 1;
-    while (m_locPos < pos && m_locPos < m_text.size()) {
-      if (m_text[m_locPos] == '\n') ++m_locLine, m_locCol = 1;
-      else ++m_locCol;
-      ++m_locPos;
+    if (m_lineStarts.empty()) {
+      m_lineStarts.push_back(0);
+      for (size_t i = 0; i < m_text.size(); ++i)
+        if (m_text[i] == '\n') m_lineStarts.push_back(i + 1);
     }
-    line = m_locLine;
-    column = m_locCol;
+    auto it = std::upper_bound(m_lineStarts.begin(), m_lineStarts.end(), pos);
+    size_t index = static_cast<size_t>(it - m_lineStarts.begin()) - 1;
+    line = static_cast<int32_t>(index + 1);
+    column = static_cast<int32_t>(pos - m_lineStarts[index] + 1);
   }
 
  private:
@@ -335,8 +338,7 @@ class Reader {
   std::map<std::string, bool> m_grammars;
   std::map<std::string, int32_t> m_ruleIndex;
   std::vector<Ref> m_refs;
-  size_t m_locPos = 0;
-  int32_t m_locLine = 1, m_locCol = 1;
+  std::vector<size_t> m_lineStarts;  // offsets where lines begin, made at the first use
 };
 
 }  // namespace

@@ -81,6 +81,19 @@ TEST(GrammarReaderTest, RefusesDeepNestingInsteadOfOverflowing) {
   EXPECT_NE(ErrorOf(deep).find("nested too deeply"), std::string::npos);
 }
 
+TEST(GrammarReaderTest, LongChainsOfRulesDoNotExhaustTheStack) {
+  std::string chain = "grammar G\n";
+  for (int i = 0; i < 4000; ++i)
+    chain += "R" + std::to_string(i) + " <- R" + std::to_string(i + 1) + " 'x'\n";
+  Grammar g;
+  std::string error;
+  EXPECT_TRUE(GrammarReader::Read(chain + "R4000 <- 'y'\n", "t", g, error)) << error;
+  EXPECT_EQ(ErrorOf(chain + "R4000 <- R0\n"), "t.gmr:2:1: rule 'R0' is left-recursive");
+  for (int i = 4001; i < 5000; ++i) chain += "R" + std::to_string(i) + " <- 'z'\n";
+  EXPECT_EQ(ErrorOf(chain + "R4000 <- 'y'\n"),
+            "t.gmr: grammar too large (at most 4096 rules and 65536 expressions)");
+}
+
 TEST(GrammarReaderTest, MissingOrUnreadableFileIsAnError) {
   testsupport::TempDir dir;
   Grammar g;
