@@ -197,8 +197,11 @@ uint32_t VbLexer::ScanNumberEnd(uint32_t pos) const {
   return pos;
 }
 
-uint32_t VbLexer::ScanStringEnd(uint32_t pos) const {
-  // Strings may span lines (as current VB allows); "" is an escaped quote.
+uint32_t VbLexer::ScanStringEnd(uint32_t pos) {
+  // Strings may span lines (as current VB allows); "" is an escaped quote. A string that
+  // never closes ends at the end of its own line instead of taking the rest of the text
+  // with it; from then on strings end at their line, which keeps the lexer linear.
+  const uint32_t start = pos;
   while (pos < m_text.size()) {
     if (size_t q = QuoteAt(pos)) {
       pos += static_cast<uint32_t>(q);
@@ -208,13 +211,17 @@ uint32_t VbLexer::ScanStringEnd(uint32_t pos) const {
       }
       return pos;
     }
+    if (m_stringsEndAtLine && IsNewline(m_text[pos])) return pos;
     ++pos;
   }
-  return pos;
+  m_stringsEndAtLine = true;
+  return LineEnd(start);
 }
 
 uint32_t VbLexer::ScanInterpolatedEnd(uint32_t pos) {
   const size_t n = m_text.size();
+  const uint32_t start = pos;
+  bool closed = false;
   ++m_depth;
   while (pos < n) {
     if (size_t q = QuoteAt(pos)) {
@@ -223,9 +230,14 @@ uint32_t VbLexer::ScanInterpolatedEnd(uint32_t pos) {
         pos += static_cast<uint32_t>(q2);
         continue;
       }
+      closed = true;
       break;
     }
     char c = m_text[pos];
+    if (m_stringsEndAtLine && IsNewline(c)) {
+      closed = true;  // ends here, as every string does from now on
+      break;
+    }
     if (c == '{' && pos + 1 < n && m_text[pos + 1] == '{') {
       pos += 2;
     } else if (c == '{' && m_depth < kMaxDepth) {
@@ -240,7 +252,11 @@ uint32_t VbLexer::ScanInterpolatedEnd(uint32_t pos) {
         VbScanContext ctx;
         ctx.xmlAllowed = ExpectsOperand(previous);
         VbToken t = Scan(pos, ctx);
-        if (t.kind == VbTokenKind::End) break;
+        if (t.kind == VbTokenKind::End) {
+          m_stringsEndAtLine = true;  // see ScanStringEnd
+          break;
+        }
+        if (t.kind == VbTokenKind::Newline && m_stringsEndAtLine) break;
         if (t.Is(VbPunct::RBrace) && braces == 0) break;
         if (t.Is(VbPunct::LBrace)) ++braces;
         else if (t.Is(VbPunct::RBrace)) --braces;
@@ -260,6 +276,10 @@ uint32_t VbLexer::ScanInterpolatedEnd(uint32_t pos) {
     }
   }
   --m_depth;
+  if (pos >= n && !closed) {
+    m_stringsEndAtLine = true;  // see ScanStringEnd
+    return LineEnd(start);
+  }
   return static_cast<uint32_t>(std::min(pos, static_cast<uint32_t>(n)));
 }
 
@@ -326,12 +346,16 @@ uint32_t VbLexer::ScanXmlTagEnd(uint32_t pos, bool* selfClosing) {
       continue;
     }
     if (c == '"' || c == '\'') {
-      size_t close = m_text.find(c, pos + 1);
-      if (close == std::string_view::npos) {
+      // An attribute value holds no '<': stopping there keeps a failed tag from reading
+      // past the next place another tag could begin.
+      uint32_t close = pos + 1;
+      while (close < n && m_text[close] != c && m_text[close] != '<') ++close;
+      if (close >= n) {
         m_xmlDisabled = true;  // see ScanXmlEnd
         return 0;
       }
-      pos = static_cast<uint32_t>(close + 1);
+      if (m_text[close] == '<') return 0;
+      pos = close + 1;
       continue;
     }
     if (c == '<') return 0;  // no tag has a '<' inside

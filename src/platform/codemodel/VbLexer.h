@@ -111,7 +111,8 @@ struct VbScanContext {
 /// dates, XML literals with embedded expressions, ', ‘, ’ and REM comments), so no quote
 /// or comment marker inside one is taken for code. Every call consumes at least one byte
 /// until the end, and the whole text is read in linear time: an XML literal that never
-/// closes turns XML recognition off for the rest of the text.
+/// closes turns XML recognition off for the rest of the text, and a string that never
+/// closes ends at its line (as do all strings after it).
 class VbLexer {
  public:
   explicit VbLexer(std::string_view text) : m_text(text) {}
@@ -135,7 +136,7 @@ class VbLexer {
   bool IdentPartAt(size_t pos) const;
   uint32_t ScanIdentifierEnd(uint32_t pos) const;
   uint32_t ScanNumberEnd(uint32_t pos) const;
-  uint32_t ScanStringEnd(uint32_t pos) const;  // pos after the opening quote
+  uint32_t ScanStringEnd(uint32_t pos);        // pos after the opening quote
   uint32_t ScanInterpolatedEnd(uint32_t pos);   // pos after the opening quote
   uint32_t ScanDateEnd(uint32_t pos) const;     // 0 when no date literal is there
   uint32_t ScanXmlEnd(uint32_t pos, bool tagOnly);  // 0 when no XML literal is there
@@ -148,6 +149,7 @@ class VbLexer {
   std::string_view m_text;
   int m_depth = 0;  // nesting of embedded expressions and interpolations
   bool m_xmlDisabled = false;
+  bool m_stringsEndAtLine = false;  // a string ran to the end of the text unclosed
 };
 
 }  // namespace platform::codemodel

@@ -134,6 +134,20 @@ TEST(VbParser, AnXmlLiteralThatNeverClosesCostsOnlyItsStatement) {
   EXPECT_EQ(c->Members()->Item(2)->Name(), "B");
 }
 
+TEST(VbParser, AStringThatNeverClosesCostsOnlyItsStatement) {
+  // VB strings may span lines, so any later quote would close it; with none, the string
+  // ends at its own line.
+  for (const char* open : {"\"open", "$\"{x", "$\"a{\"b"}) {
+    auto doc = Open(std::string("Class C\n  Sub A()\n    Dim s = ") + open +
+                    "\n  End Sub\n  Sub B()\n  End Sub\nEnd Class\n");
+    auto c = doc->CodeModel()->CodeElements()->Item(1);
+    ASSERT_EQ(c->Members()->Count(), 2) << open;
+    EXPECT_EQ(c->Members()->Item(1)->EndPoint()->Line(), 4);
+    EXPECT_EQ(c->Members()->Item(2)->Name(), "B");
+    EXPECT_EQ(c->EndPoint()->Line(), 7);
+  }
+}
+
 // Checks what must hold for any input: every element lies in the text, members inside
 // their parent.
 void CheckShape(const std::vector<CodeElement*>& elements, uint32_t from, uint32_t to, size_t size) {
@@ -182,6 +196,7 @@ TEST(VbParser, HostileInputFinishes) {
       [] { std::string s; for (int i = 0; i < 3000; ++i) s += "#If (((\n"; return s; }(),
       [] { std::string s; for (int i = 0; i < 20000; ++i) s += "Class C\n"; return s; }(),
       [] { std::string s; for (int i = 0; i < 20000; ++i) s += "Sub F(Sub(x)\n"; return s; }(),
+      [] { std::string s; for (int i = 0; i < 20000; ++i) s += "x = \"a\" & $\"{\"\n"; return s; }(),
       std::string("\xEF\xBB\xBF\xE2\x80\x98\xFF\xFE\x00_ _\n[\"#", 14),
   };
   for (const std::string& text : inputs) {
