@@ -38,7 +38,6 @@ class StatusBar : public Dispatch {
   int32_t m_amount = 0;
   int32_t m_total = 0;
   bool m_draw;
-  bool m_drawInit = false;
 
  public:
   StatusBar();
