@@ -3,7 +3,6 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-
 #include <filesystem>
 #include <fstream>
 #include <sstream>
