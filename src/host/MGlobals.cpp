@@ -1,6 +1,7 @@
 #include "host/MGlobals.h"
 
 #include "platform/core/AsciiText.h"
+#include "host/MGlobals_Paths.h"
 #include "host/Steps.h"
 #include "platform/automation/AutomationConstants.h"
 #include "platform/automation/DTE.h"
@@ -258,6 +259,7 @@ void ResetForTesting() {
   g_XMLAnalyzerDbFile.clear();
   g_service.reset();
   g_codeModelHelper.reset();
+  ForgetGrammarPaths();
 }
 
 }  // namespace annotra::MGlobals

@@ -146,7 +146,8 @@ void ClearXMLAnalyzerDb();
 void EraseXMLAnalyzerDbObject();
 
 /// Forgets all module state: the host's objects, the results database object and file,
-/// and the cached grammar paths. For the end of a run and for tests.
+/// the service objects and the cached grammar paths. For tests and benchmarks that run
+/// the component more than once in one process.
 void ResetForTesting();
 
 }  // namespace MGlobals
