@@ -10,6 +10,8 @@ namespace {
 // Nesting of embedded expressions and interpolation holes beyond which the lexer stops
 // recognising them, so that hostile input cannot exhaust the stack.
 constexpr int kMaxDepth = 32;
+// Failed XML attempts after which the lexer stops looking for XML literals.
+constexpr int kMaxXmlFailures = 10000;
 
 bool IsAsciiLetter(unsigned char c) { return (c | 0x20) >= 'a' && (c | 0x20) <= 'z'; }
 bool IsDigit(unsigned char c) { return c >= '0' && c <= '9'; }
@@ -214,6 +216,7 @@ uint32_t VbLexer::ScanStringEnd(uint32_t pos) {
     if (m_stringsEndAtLine && IsNewline(m_text[pos])) return pos;
     ++pos;
   }
+  if (m_stringsEndAtLine) return pos;  // see ScanInterpolatedEnd
   m_stringsEndAtLine = true;
   return LineEnd(start);
 }
@@ -252,10 +255,7 @@ uint32_t VbLexer::ScanInterpolatedEnd(uint32_t pos) {
         VbScanContext ctx;
         ctx.xmlAllowed = ExpectsOperand(previous);
         VbToken t = Scan(pos, ctx);
-        if (t.kind == VbTokenKind::End) {
-          m_stringsEndAtLine = true;  // see ScanStringEnd
-          break;
-        }
+        if (t.kind == VbTokenKind::End) break;
         if (t.kind == VbTokenKind::Newline && m_stringsEndAtLine) break;
         if (t.Is(VbPunct::RBrace) && braces == 0) break;
         if (t.Is(VbPunct::LBrace)) ++braces;
@@ -277,7 +277,11 @@ uint32_t VbLexer::ScanInterpolatedEnd(uint32_t pos) {
   }
   --m_depth;
   if (pos >= n && !closed) {
-    m_stringsEndAtLine = true;  // see ScanStringEnd
+    // See ScanStringEnd. Only the first string that fails looks back to its line: were
+    // the enclosing ones to look back too, each would read again what the inner ones
+    // read, and nesting would make that exponential.
+    if (m_stringsEndAtLine) return static_cast<uint32_t>(n);
+    m_stringsEndAtLine = true;
     return LineEnd(start);
   }
   return static_cast<uint32_t>(std::min(pos, static_cast<uint32_t>(n)));
@@ -600,6 +604,9 @@ VbToken VbLexer::Scan(uint32_t& pos, const VbScanContext& ctx) {
     unsigned char d = static_cast<unsigned char>(m_text[pos + 1]);
     if (IdentStartAt(pos + 1) || d == '!' || d == '?' || (d == '%' && m_text.compare(pos, 3, "<%=") == 0)) {
       if (uint32_t end = ScanXmlEnd(pos, ctx.xmlTagOnly)) return finish(VbTokenKind::Xml, end);
+      // What a failed attempt read is read again as code; nested attempts that keep
+      // failing could make that exponential, so past a bound XML is no longer looked for.
+      if (++m_xmlFailures > kMaxXmlFailures) m_xmlDisabled = true;
     }
   }
   return ScanPunct(pos);

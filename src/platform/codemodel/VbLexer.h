@@ -150,6 +150,7 @@ class VbLexer {
   int m_depth = 0;  // nesting of embedded expressions and interpolations
   bool m_xmlDisabled = false;
   bool m_stringsEndAtLine = false;  // a string ran to the end of the text unclosed
+  int m_xmlFailures = 0;
 };
 
 }  // namespace platform::codemodel

@@ -197,6 +197,9 @@ TEST(VbParser, HostileInputFinishes) {
       [] { std::string s; for (int i = 0; i < 20000; ++i) s += "Class C\n"; return s; }(),
       [] { std::string s; for (int i = 0; i < 20000; ++i) s += "Sub F(Sub(x)\n"; return s; }(),
       [] { std::string s; for (int i = 0; i < 20000; ++i) s += "x = \"a\" & $\"{\"\n"; return s; }(),
+      // Interpolations nested across lines that never close (found by fuzzing: each
+      // enclosing one used to read again what the inner ones had read).
+      [] { std::string s; for (int i = 0; i < 40; ++i) s += "  = $\"{If(T = $\"{If(s ? $\"{I = $\"{If(T, \"} x {{b line\"\n"; return s; }(),
       std::string("\xEF\xBB\xBF\xE2\x80\x98\xFF\xFE\x00_ _\n[\"#", 14),
   };
   for (const std::string& text : inputs) {
