@@ -8,6 +8,7 @@
 #include "analysis/CXmlAnalyzerBrowser.h"
 #include "analysis/FCCOptions.h"
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/Document.h"
 #include "platform/automation/FindProjectItemByPath.h"

@@ -15,6 +15,7 @@
 
 #include "AnalyzeCommand.h"
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "testsupport/TempDir.h"
 
 namespace fs = std::filesystem;
@@ -77,6 +78,7 @@ TEST_P(AnalyzeFixture, FindingsMatchTheExpectedFile) {
   int status = app::RunAnalyzeCommand(request, out);
   fs::current_path(previous);
   annotra::MGlobals::ResetForTesting();
+  annotra::MGlobals::ForgetXMLAnalyzerDbForTesting();
 
   std::string actual = "exit " + std::to_string(status) + "\n" + out.str();
   fs::path expectedFile = c.args;

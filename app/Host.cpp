@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/SolutionLoader.h"
 #include "platform/dao/Database.h"
@@ -67,7 +68,7 @@ void Host::DropResultsDatabase() {
   if (!MGlobals::XMLAnalyzerDb_IsCreated()) return;
   std::string file = MGlobals::XMLAnalyzerDbFile();
   try {
-    MGlobals::g_XMLAnalyzerDb->Close();
+    MGlobals::XMLAnalyzerDb()->Close();
   } catch (const platform::Error&) {
   }
   std::error_code ec;

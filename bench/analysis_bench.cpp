@@ -18,6 +18,7 @@
 
 #include "analysis/CXmlAnalyzerBrowser.h"
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItem.h"
@@ -130,6 +131,7 @@ Fixture& FixtureOf(int lines) {
 // The host's part: settings, the team database and the workspace, in the fixture's folder.
 void SetUpHost(const Fixture& f) {
   MGlobals::ResetForTesting();
+  MGlobals::ForgetXMLAnalyzerDbForTesting();
   setenv("ANNOTRA_APP_PATH", ANNOTRA_SOURCE_DIR "/resources", 1);
   fs::path home = f.root / "home";
   fs::create_directories(home);
@@ -142,11 +144,12 @@ void SetUpHost(const Fixture& f) {
 void TearDownHost() {
   if (MGlobals::XMLAnalyzerDb_IsCreated()) {
     std::string file = MGlobals::XMLAnalyzerDbFile();
-    MGlobals::g_XMLAnalyzerDb->Close();
+    MGlobals::XMLAnalyzerDb()->Close();
     std::error_code ec;
     fs::remove(file, ec);
   }
   MGlobals::ResetForTesting();
+  MGlobals::ForgetXMLAnalyzerDbForTesting();
 }
 
 int64_t SourceBytes(const Fixture& f) {

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "platform/dao/Workspace.h"
 #include "platform/suite/TempFileNamer.h"
 

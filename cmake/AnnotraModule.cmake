@@ -1,7 +1,29 @@
 # annotra_module(NAME DIRS [DEPS...])
-#   Builds every *.cpp of DIRS except *_test.cpp into the static library annotra_NAME,
-#   linked to DEPS (annotra module names or imported targets), and every *_test.cpp of
-#   DIRS into the test program NAME_test. New files are picked up at the next build.
+#   Builds every *.cpp of DIRS except *_test.cpp and *_fuzz.cpp into the static library
+#   annotra_NAME, linked to DEPS (annotra module names or imported targets), and every
+#   *_test.cpp of DIRS into the test program NAME_test. New files are picked up at the
+#   next build.
+#
+#   A module exports only its own folders: each folder of DIRS (a path below src/) is
+#   reachable through a link in a staging folder of the module's own
+#   (build/include/NAME/platform/core -> src/platform/core), and that staging folder is
+#   the one include folder the module hands on. So a module, and the modules above it,
+#   reach exactly the headers of the modules they link to; an include that points at a
+#   module that is not a dependency fails to compile.
+function(annotra_stage_includes name dirs)
+  set(stage "${CMAKE_BINARY_DIR}/include/${name}")
+  foreach(dir IN LISTS dirs)
+    string(REGEX REPLACE "^src/" "" inside "${dir}")
+    get_filename_component(parent "${stage}/${inside}" DIRECTORY)
+    file(MAKE_DIRECTORY "${parent}")
+    if(IS_SYMLINK "${stage}/${inside}")
+      file(REMOVE "${stage}/${inside}")
+    endif()
+    file(CREATE_LINK "${CMAKE_SOURCE_DIR}/${dir}" "${stage}/${inside}" SYMBOLIC)
+  endforeach()
+  set(ANNOTRA_STAGE "${stage}" PARENT_SCOPE)
+endfunction()
+
 function(annotra_module name dirs)
   set(sources "")
   set(tests "")
@@ -19,17 +41,20 @@ function(annotra_module name dirs)
   foreach(d IN LISTS ARGN)
     if(TARGET annotra_${d})
       list(APPEND deps annotra_${d})
-    else()
+    elseif(d MATCHES "::")
       list(APPEND deps ${d})
+    else()
+      message(FATAL_ERROR "annotra_module(${name}): '${d}' is no module defined before it")
     endif()
   endforeach()
+  annotra_stage_includes(${name} "${dirs}")
   if(sources)
     add_library(annotra_${name} STATIC ${sources})
-    target_include_directories(annotra_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+    target_include_directories(annotra_${name} PUBLIC ${ANNOTRA_STAGE})
     target_link_libraries(annotra_${name} PUBLIC ${deps})
   else()
     add_library(annotra_${name} INTERFACE)
-    target_include_directories(annotra_${name} INTERFACE ${CMAKE_SOURCE_DIR}/src)
+    target_include_directories(annotra_${name} INTERFACE ${ANNOTRA_STAGE})
     target_link_libraries(annotra_${name} INTERFACE ${deps})
   endif()
   if(ANNOTRA_TESTS AND tests)

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "analysis/AnalysisOptions.h"
+#include "host/AnalysisOptions.h"
 
 namespace annotra {
 

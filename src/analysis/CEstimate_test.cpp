@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "platform/automation/AutomationConstants.h"
 #include "platform/automation/SolutionLoader.h"
 #include "platform/automation/Window.h"
@@ -27,6 +28,7 @@ class EstimateTest : public ::testing::Test {
  protected:
   void SetUp() override {
     MGlobals::ResetForTesting();
+    MGlobals::ForgetXMLAnalyzerDbForTesting();
     // P: A (a folder holding B and C) and D. Folder: two SDK-style projects of three
     // items each (Q: x.cs, y.cs, z.cs; R: r.vb, Sub/s.vb). Empty: no items.
     dir.Write("P/P.csproj", LegacyProjectFile(R"(    <Compile Include="A\B.cs" />

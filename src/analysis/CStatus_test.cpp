@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/StatusBar.h"
 #include "platform/suite/ErrorReport.h"
@@ -17,6 +18,7 @@ class StatusTest : public ::testing::Test {
  protected:
   void SetUp() override {
     MGlobals::ResetForTesting();
+    MGlobals::ForgetXMLAnalyzerDbForTesting();
     MGlobals::DTEObject = dte;
     bar()->SetDrawProgress(false);
   }

@@ -4,6 +4,7 @@
 #include "analysis/CXmlAnalyzerBrowser.h"
 #include "host/FParser.h"
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "host/Steps.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/Field.h"

@@ -3,6 +3,7 @@
 #include "analysis/AnalysisOptionsLoader.h"
 #include "analysis/CXmlAnalyzerBrowser.h"
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "platform/forms/DoEvents.h"
 #include "platform/suite/ErrorReport.h"
 #include "platform/suite/IniSettingsStore.h"
@@ -18,6 +19,7 @@ class OptionsTest : public ::testing::Test {
  protected:
   void SetUp() override {
     MGlobals::ResetForTesting();
+    MGlobals::ForgetXMLAnalyzerDbForTesting();
     store = std::make_shared<IniSettingsStore>(dir.path() / "settings.ini");
     MGlobals::AppSettingsObject_HKCU = store;
   }

@@ -11,6 +11,7 @@
 #include "analysis/CStatus.h"
 #include "analysis/CXmlAnalyzerBrowser.h"
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "platform/automation/AutomationConstants.h"
 #include "platform/automation/SolutionLoader.h"
 #include "platform/automation/StatusBar.h"
@@ -287,6 +288,7 @@ class WalkTest : public ::testing::Test {
  protected:
   void SetUp() override {
     MGlobals::ResetForTesting();
+    MGlobals::ForgetXMLAnalyzerDbForTesting();
     WriteProjects(dir);
     Load(WriteSln(dir));
   }

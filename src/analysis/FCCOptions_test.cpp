@@ -5,6 +5,7 @@
 
 #include "analysis/CXmlAnalyzerBrowser.h"
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "host/MGlobals_Paths.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/StatusBar.h"
@@ -45,6 +46,7 @@ class FCCOptionsTest : public ::testing::Test {
   void TearDown() override {
     if (MGlobals::TeamDB) MGlobals::TeamDB->Close();
     MGlobals::ResetForTesting();
+    MGlobals::ForgetXMLAnalyzerDbForTesting();
     MGlobals::ForgetGrammarPaths();
     setenv("ANNOTRA_APP_PATH", m_oldAppPath.c_str(), 1);
   }

@@ -31,8 +31,6 @@ Ref<platform::dao::Database> TeamDB;
 Ref<platform::dao::Database> PersonalDB;
 std::shared_ptr<std::vector<Ref<Document>>> OpenedDocuments;
 AnalysisOptions g_AnalysisOptions;
-Ref<platform::dao::Database> g_XMLAnalyzerDb;
-std::string g_XMLAnalyzerDbFile;
 
 }  // namespace annotra::MGlobals
 
@@ -255,8 +253,6 @@ void ResetForTesting() {
   PersonalDB.reset();
   OpenedDocuments.reset();
   g_AnalysisOptions = AnalysisOptions();
-  g_XMLAnalyzerDb.reset();
-  g_XMLAnalyzerDbFile.clear();
   g_service.reset();
   g_codeModelHelper.reset();
   ForgetGrammarPaths();

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "analysis/AnalysisOptions.h"
+#include "host/AnalysisOptions.h"
 #include "platform/core/Ref.h"
 #include "platform/core/Variant.h"
 
@@ -128,26 +128,10 @@ void SetFontAttributes(platform::forms::Font& font, const std::string& name, int
 /// without a style is left alone. Errors are ignored.
 void SetNumericOnly(intptr_t hWnd);
 
-// The temporary results database (src/results/MGlobals_ResultsDb.cpp). Its state lives
-// here so that ResetForTesting can forget it.
-extern Ref<platform::dao::Database> g_XMLAnalyzerDb;
-extern std::string g_XMLAnalyzerDbFile;
-/// The results database, created and opened on first use; none when creation failed.
-Ref<platform::dao::Database> XMLAnalyzerDb();
-bool XMLAnalyzerDb_IsCreated();
-/// The results database file; "" before the first XMLAnalyzerDb.
-std::string XMLAnalyzerDbFile();
-/// Creates the database file at `path` with its two tables and property; false when the
-/// file could not be created in 5000 attempts.
-bool CreateXMLAnalyzerTempDatabase(std::string& path);
-/// Empties "XMLAnalyzer1" and reopens the database; errors are ignored.
-void ClearXMLAnalyzerDb();
-/// Drops the reference to the results database object.
-void EraseXMLAnalyzerDbObject();
-
-/// Forgets all module state: the host's objects, the results database object and file,
-/// the service objects and the cached grammar paths. For tests and benchmarks that run
-/// the component more than once in one process.
+/// Forgets the module state kept here: the host's objects, the options, the service
+/// objects and the cached grammar paths. For tests and benchmarks that run the component
+/// more than once in one process (the results database has its own, in
+/// results/MGlobals_ResultsDb.h).
 void ResetForTesting();
 
 }  // namespace MGlobals

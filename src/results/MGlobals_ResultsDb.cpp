@@ -1,5 +1,4 @@
-// The temporary results database of the module MGlobals: created on first use in a
-// temporary file, handed out, emptied and released. Declared in host/MGlobals.h.
+#include "results/MGlobals_ResultsDb.h"
 
 #include <filesystem>
 #include <optional>
@@ -15,6 +14,11 @@ namespace annotra::MGlobals {
 namespace {
 
 using namespace platform::dao;
+
+// The open results database (none until the first use, and after a failed creation)
+// and the path of its file.
+Ref<Database> g_XMLAnalyzerDb;
+std::string g_XMLAnalyzerDbFile;
 
 constexpr int kMaxCreateAttempts = 5000;
 constexpr const char* kResultsTable = "XMLAnalyzer1";
@@ -184,6 +188,11 @@ void ClearXMLAnalyzerDb() {
 void EraseXMLAnalyzerDbObject() {
   Steps step("Quillmark.MGlobals.EraseXMLAnalyzerDbObject");
   step(1, [&] { g_XMLAnalyzerDb.reset(); });
+}
+
+void ForgetXMLAnalyzerDbForTesting() {
+  g_XMLAnalyzerDb.reset();
+  g_XMLAnalyzerDbFile.clear();
 }
 
 }  // namespace annotra::MGlobals

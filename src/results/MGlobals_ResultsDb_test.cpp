@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "host/MGlobals.h"
+#include "results/MGlobals_ResultsDb.h"
 #include "platform/dao/Workspace.h"
 #include "platform/forms/MessageBox.h"
 #include "platform/suite/ErrorReport.h"
@@ -39,11 +40,13 @@ class ResultsDbTest : public ::testing::Test {
     hadTmpdir = old != nullptr;
     setenv("TMPDIR", dir.path().c_str(), 1);
     MGlobals::ResetForTesting();
+    MGlobals::ForgetXMLAnalyzerDbForTesting();
     MGlobals::WorkspaceObject = std::make_shared<Workspace>();
   }
   void TearDown() override {
-    if (MGlobals::g_XMLAnalyzerDb) Quiet([] { MGlobals::g_XMLAnalyzerDb->Close(); });
+    if (MGlobals::XMLAnalyzerDb_IsCreated()) Quiet([] { MGlobals::XMLAnalyzerDb()->Close(); });
     MGlobals::ResetForTesting();
+    MGlobals::ForgetXMLAnalyzerDbForTesting();
     if (hadTmpdir) setenv("TMPDIR", oldTmpdir.c_str(), 1);
     else unsetenv("TMPDIR");
   }
