@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 
+#include "analysis/Problems.h"
 #include "platform/codemodel/CodeModelJson.h"
 
 namespace app {
@@ -60,23 +61,6 @@ std::string UriOf(const std::string& path) {
   }
   return out;
 }
-
-struct Rule {
-  const char* id;
-  const char* prefix;
-  const char* text;
-};
-
-constexpr std::array<Rule, 8> kRules = {{
-    {"AN0001", "Code elements without definition comments.", "A definition has no comment."},
-    {"AN0002", "Code elements without XML comments.", "A definition has a plain comment where an XML documentation comment is required."},
-    {"AN0003", "Missing <", "A required XML tag is missing or empty."},
-    {"AN0004", "Parameter with different name and type", "A param tag differs from the parameter in name and type."},
-    {"AN0005", "Parameter with different name in", "A param tag differs from the parameter in name."},
-    {"AN0006", "Parameter with different type", "A param tag differs from the parameter in type."},
-    {"AN0007", "More parameters in XML comment", "The XML comment documents a different number of parameters."},
-    {"AN0008", "Too large uncommented code block", "A method has a long run of lines without comments."},
-}};
 
 void WriteTable(std::ostream& out, const std::vector<Finding>& findings) {
   static const char* headers[] = {"Project", "Document", "Type", "Path", "Member", "Start", "End", "Problem"};
@@ -138,9 +122,10 @@ void WriteSarif(std::ostream& out, const std::vector<Finding>& findings,
          "  \"version\": \"2.1.0\",\n  \"runs\": [\n    {\n"
          "      \"tool\": {\n        \"driver\": {\n          \"name\": \"annotra\",\n"
          "          \"rules\": [";
-  for (size_t i = 0; i < kRules.size(); ++i)
-    out << (i ? "," : "") << "\n            {\"id\": \"" << kRules[i].id
-        << "\", \"shortDescription\": {\"text\": " << Json(kRules[i].text) << "}}";
+  const auto& rules = annotra::ProblemTable();
+  for (size_t i = 0; i < rules.size(); ++i)
+    out << (i ? "," : "") << "\n            {\"id\": \"" << rules[i].ruleId
+        << "\", \"shortDescription\": {\"text\": " << Json(rules[i].summary) << "}}";
   out << "\n          ]\n        }\n      },\n      \"results\": [";
   for (size_t i = 0; i < findings.size(); ++i) {
     const auto& f = findings[i];
@@ -169,10 +154,8 @@ bool ParseOutputFormat(const std::string& name, OutputFormat& format) {
 }
 
 std::string RuleIdOf(const std::string& problem) {
-  for (const auto& rule : kRules)
-    if (problem.rfind(rule.prefix, 0) == 0) return rule.id;
-  if (problem.rfind("Less parameters in XML comment", 0) == 0) return "AN0007";
-  return "AN0000";
+  const annotra::ProblemInfo* info = annotra::ProblemOfText(problem);
+  return info ? info->ruleId : "AN0000";
 }
 
 void WriteFindings(std::ostream& out, const std::vector<Finding>& findings, OutputFormat format,

@@ -75,7 +75,7 @@ TEST(FindingsWriter, TableCountsTheRows) {
 
 TEST(FindingsWriter, RulesFollowTheProblemTexts) {
   EXPECT_EQ(RuleIdOf("Missing <summary> tag"), "AN0003");
-  EXPECT_EQ(RuleIdOf("Less parameters in XML comment than in definition."), "AN0007");
+  EXPECT_EQ(RuleIdOf("Less parameters in XML comment than in definition."), "AN0009");
   EXPECT_EQ(RuleIdOf("Too large uncommented code block"), "AN0008");
   OutputFormat f;
   EXPECT_FALSE(ParseOutputFormat("xml", f));

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "analysis/CXmlAnalyzerBrowser.h"
+#include "analysis/Problems.h"
 #include "platform/core/AsciiText.h"
 #include "host/MGlobals.h"
 #include "host/Steps.h"
@@ -91,7 +92,7 @@ void CXmlAnalyzerBrowser::BodyAnalysis(const Ref<TextDocument>& textDocument,
           step(6, [&] { path = GetProjectItemPath(textDocument); });
         }
         Found(project, document, path, member, firstLine + prev, firstLine + c - 1, "Method",
-              "Too large uncommented code block");
+              ProblemText(ProblemId::LongUncommented));
       }
     }
     prev = c + StrCount(comment, "\r\n");

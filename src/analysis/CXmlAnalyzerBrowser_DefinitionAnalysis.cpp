@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "analysis/CXmlAnalyzerBrowser.h"
+#include "analysis/Problems.h"
 #include "platform/core/AsciiText.h"
 #include "host/MGlobals.h"
 #include "host/Steps.h"
@@ -46,11 +47,6 @@ bool HasSignature(const std::string& kindName) {
   return kindName == "Delegate" || kindName == "Method" || kindName == "Event" ||
          kindName == "Property";
 }
-
-const char* kProblemNameAndType = "Parameter with different name and type in XML comment vs. definition.";
-const char* kProblemName = "Parameter with different name in XML comment vs. definition.";
-const char* kProblemType =
-    "Parameter with different type in XML comment vs. definition (or no type specified in XML comment).";
 
 }  // namespace
 
@@ -114,9 +110,9 @@ void CXmlAnalyzerBrowser::DefinitionAnalysis(const Ref<TextDocument>& textDocume
   if (!xml) {
     if (HasAStdComment(element)) {
       if ((isPublic && options.XMLOnPublic) || (!isPublic && options.XMLOnNonPublic))
-        FoundAt(textDocument, element, name, kindName, "Code elements without XML comments.");
+        FoundAt(textDocument, element, name, kindName, ProblemText(ProblemId::PlainComment));
     } else {
-      FoundAt(textDocument, element, name, kindName, "Code elements without definition comments.");
+      FoundAt(textDocument, element, name, kindName, ProblemText(ProblemId::NoComment));
     }
     return;
   }
@@ -140,14 +136,14 @@ void CXmlAnalyzerBrowser::DefinitionAnalysis(const Ref<TextDocument>& textDocume
         int32_t next = parserXML->NextSibling(startTag);
         parserXML->EndSearch(handle);
         if (parserXML->NodeName(next) == "end_tag")
-          FoundAt(textDocument, element, name, kindName, "Missing <" + tag + "> tag");
+          FoundAt(textDocument, element, name, kindName, ProblemText(ProblemId::MissingTag, tag));
       });
     } else if (signature && (tag == "param" || tag == "para")) {
       AbsentParameterTag(textDocument, element, kindName, tag);
     } else if (signature && tag == "returns") {
       AbsentReturnTag(textDocument, element, kindName);
     } else {
-      FoundAt(textDocument, element, name, kindName, "Missing <" + tag + "> tag");
+      FoundAt(textDocument, element, name, kindName, ProblemText(ProblemId::MissingTag, tag));
     }
   }
 }
@@ -234,13 +230,15 @@ void CXmlAnalyzerBrowser::CompareParameters(const Ref<TextDocument>& textDocumen
       bool sameName = xml[i].first == definition[i].first;
       bool sameType = xml[i].second == definition[i].second;
       if (sameName && sameType) continue;
-      const char* problem = !sameName && !sameType ? kProblemNameAndType : !sameName ? kProblemName : kProblemType;
-      FoundAt(textDocument, element, name + ":" + definition[i].first, sType, problem);
+      ProblemId problem = !sameName && !sameType ? ProblemId::ParamNameAndType
+                          : !sameName            ? ProblemId::ParamName
+                                                 : ProblemId::ParamType;
+      FoundAt(textDocument, element, name + ":" + definition[i].first, sType, ProblemText(problem));
     }
   } else if (xml.size() > definition.size()) {
-    FoundAt(textDocument, element, name, sType, "More parameters in XML comment than in definition.");
+    FoundAt(textDocument, element, name, sType, ProblemText(ProblemId::MoreParams));
   } else {
-    FoundAt(textDocument, element, name, sType, "Less parameters in XML comment than in definition.");
+    FoundAt(textDocument, element, name, sType, ProblemText(ProblemId::FewerParams));
   }
 }
 
@@ -252,7 +250,7 @@ void CXmlAnalyzerBrowser::AbsentParameterTag(const Ref<TextDocument>& textDocume
   if (count <= 0) return;
   std::string name;
   Steps("Quillmark.CXmlAnalyzerBrowser.AbsentParameterTag")(1, [&] { name = element->Name(); });
-  FoundAt(textDocument, element, name, sType, "Missing <" + sTag + "> tag");
+  FoundAt(textDocument, element, name, sType, ProblemText(ProblemId::MissingTag, sTag));
 }
 
 void CXmlAnalyzerBrowser::AbsentReturnTag(const Ref<TextDocument>& textDocument,
@@ -269,7 +267,7 @@ void CXmlAnalyzerBrowser::AbsentReturnTag(const Ref<TextDocument>& textDocument,
   if (type.empty() || type == "void" || type == "system.void") return;
   std::string name;
   Steps("Quillmark.CXmlAnalyzerBrowser.AbsentReturnTag")(1, [&] { name = element->Name(); });
-  FoundAt(textDocument, element, name, sType, "Missing <returns> tag");
+  FoundAt(textDocument, element, name, sType, ProblemText(ProblemId::MissingTag, "returns"));
 }
 
 }  // namespace annotra
