@@ -8,6 +8,7 @@
 #include "analysis/CXmlAnalyzerBrowser.h"
 #include "analysis/FCCOptions.h"
 #include "host/MGlobals.h"
+#include "host/SettingsKeys.h"
 #include "results/MGlobals_ResultsDb.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/Document.h"
@@ -22,6 +23,7 @@
 #include "platform/dao/Field.h"
 #include "platform/dao/Recordset.h"
 #include "platform/forms/ScriptedPresenter.h"
+#include "platform/suite/Scopes.h"
 #include "platform/suite/SettingsStore.h"
 
 namespace app {
@@ -33,8 +35,22 @@ using platform::Variant;
 
 namespace {
 
-const std::map<std::string, int> kScopes = {{"method", 0}, {"document", 1}, {"open", 2},
-                                            {"project", 3}, {"solution", 4}, {"folder", 6}};
+namespace section = annotra::section;
+namespace key = annotra::key;
+
+// The scope of a --scope name; -1 for no scope.
+int ScopeNamed(const std::string& name) {
+  for (const auto& scope : platform::suite::kScopes)
+    if (name == scope.name) return scope.value;
+  return -1;
+}
+
+// The names --scope accepts.
+std::vector<std::string> ScopeNames() {
+  std::vector<std::string> names;
+  for (const auto& scope : platform::suite::kScopes) names.push_back(scope.name);
+  return names;
+}
 
 int Usage(const std::string& message) {
   std::fprintf(stderr, "annotra analyze: %s\n", message.c_str());
@@ -101,11 +117,11 @@ void StoreOptions(const AnalyzeRequest& r) {
   auto box = [](const char* key, const std::optional<bool>& value) {
     if (value) SetCheckBoxData(key, *value ? 1 : 0);
   };
-  box("EnablePublic", r.enablePublic);
-  box("XMLOnPublic", r.xmlOnPublic);
-  box("EnableNonPublic", r.enableNonPublic);
-  box("XMLOnNonPublic", r.xmlOnNonPublic);
-  box("EnableBody", r.enableBody);
+  box(key::EnablePublic, r.enablePublic);
+  box(key::XMLOnPublic, r.xmlOnPublic);
+  box(key::EnableNonPublic, r.enableNonPublic);
+  box(key::XMLOnNonPublic, r.xmlOnNonPublic);
+  box(key::EnableBody, r.enableBody);
   if (r.maxLines) {
     // As the in-method panel saves its text box: 15 unless a number from 5 to 100.
     int16_t limit = 15;
@@ -118,15 +134,15 @@ void StoreOptions(const AnalyzeRequest& r) {
                    r.maxLines->c_str());
       limit = 15;
     }
-    AppSettingsObject_HKCU->Write("CommentsAnalyzer", "LineCount", Variant(static_cast<int>(limit)));
+    AppSettingsObject_HKCU->Write(section::CommentsAnalyzer, key::LineCount, Variant(static_cast<int>(limit)));
   }
   if (r.scope) {
-    AppSettingsObject_HKCU->Write("CommentsAnalyzer", "LastScope", Variant(kScopes.at(*r.scope)));
-  } else if (AppSettingsObject_HKCU->Read("CommentsAnalyzer", "LastScope", Variant()).IsEmpty()) {
+    AppSettingsObject_HKCU->Write(section::CommentsAnalyzer, key::LastScope, Variant(ScopeNamed(*r.scope)));
+  } else if (AppSettingsObject_HKCU->Read(section::CommentsAnalyzer, key::LastScope, Variant()).IsEmpty()) {
     // A command line has no caret: the whole solution is the natural default.
-    AppSettingsObject_HKCU->Write("CommentsAnalyzer", "LastScope", Variant(4));
+    AppSettingsObject_HKCU->Write(section::CommentsAnalyzer, key::LastScope, Variant(static_cast<int>(platform::suite::kScopeSolution)));
   }
-  if (r.keepOpen) AppSettingsObject_HKCU->Write("Settings", "OpenDocAllowed", Variant(*r.keepOpen));
+  if (r.keepOpen) AppSettingsObject_HKCU->Write(section::Settings, key::OpenDocAllowed, Variant(*r.keepOpen));
 }
 
 // Plays the user in the XML options form: all tags unchecked, the named ones checked,
@@ -180,13 +196,13 @@ std::string CheckStoredOptions() {
     const char* flag;
   };
   static const Key keys[] = {
-      {"CommentsAnalyzer", "EnablePublic", "--public or --no-public"},
-      {"CommentsAnalyzer", "XMLOnPublic", "--public-xml or --public-plain"},
-      {"CommentsAnalyzer", "EnableNonPublic", "--non-public or --no-non-public"},
-      {"CommentsAnalyzer", "XMLOnNonPublic", "--non-public-xml or --non-public-plain"},
-      {"CommentsAnalyzer", "EnableBody", "--body or --no-body"},
-      {"CommentsAnalyzer", "LineCount", "--max-lines N"},
-      {"Settings", "OpenDocAllowed", "--keep-open N"},
+      {section::CommentsAnalyzer, key::EnablePublic, "--public or --no-public"},
+      {section::CommentsAnalyzer, key::XMLOnPublic, "--public-xml or --public-plain"},
+      {section::CommentsAnalyzer, key::EnableNonPublic, "--non-public or --no-non-public"},
+      {section::CommentsAnalyzer, key::XMLOnNonPublic, "--non-public-xml or --non-public-plain"},
+      {section::CommentsAnalyzer, key::EnableBody, "--body or --no-body"},
+      {section::CommentsAnalyzer, key::LineCount, "--max-lines N"},
+      {section::Settings, key::OpenDocAllowed, "--keep-open N"},
   };
   for (const Key& k : keys) {
     Variant value = AppSettingsObject_HKCU->Read(k.section, k.key, Variant());
@@ -197,7 +213,7 @@ std::string CheckStoredOptions() {
                    k.key, platform::ToString(value).c_str(), k.flag);
     }
   }
-  Variant scope = AppSettingsObject_HKCU->Read("CommentsAnalyzer", "LastScope", Variant());
+  Variant scope = AppSettingsObject_HKCU->Read(section::CommentsAnalyzer, key::LastScope, Variant());
   try {
     if (!scope.IsEmpty()) platform::ToInt32(scope);
   } catch (const platform::Error&) {
@@ -246,7 +262,7 @@ CLI::App* AddAnalyzeCommand(CLI::App& cli, AnalyzeRequest& r) {
   auto* cmd = cli.add_subcommand("analyze", "Analyse the comments of a solution and print the findings");
   cmd->add_option("PATH", r.path, "A .sln, .slnx, .csproj, .vbproj, folder or source file (default: .)");
   cmd->add_option("--scope", r.scope, "What to analyse")
-      ->check(CLI::IsMember({"method", "document", "open", "project", "solution", "folder"}));
+      ->check(CLI::IsMember(ScopeNames()));
   cmd->add_option("--document", r.document, "The active document (scopes method, document, project)");
   cmd->add_option("--line", r.line, "The caret's line in the active document (scope method)")
       ->check(CLI::PositiveNumber);
@@ -275,10 +291,10 @@ int RunAnalyzeCommand(const AnalyzeRequest& r, std::ostream& out) {
   OutputFormat format;
   if (!ParseOutputFormat(r.format, format)) return Usage("unknown format \"" + r.format + "\"");
   if (r.requireAll && !r.require.empty()) return Usage("--require and --require-all exclude each other");
-  if (r.scope && *r.scope == "method" && (!r.document || !r.line))
+  if (r.scope && ScopeNamed(*r.scope) == platform::suite::kScopeMethod && (!r.document || !r.line))
     return Usage("--scope method needs --document FILE and --line N");
-  if (r.scope && *r.scope == "document" && !r.document) return Usage("--scope document needs --document FILE");
-  if (r.scope && *r.scope == "folder" && !r.folder && !r.project)
+  if (r.scope && ScopeNamed(*r.scope) == platform::suite::kScopeDocument && !r.document) return Usage("--scope document needs --document FILE");
+  if (r.scope && ScopeNamed(*r.scope) == platform::suite::kScopeSolutionFolder && !r.folder && !r.project)
     return Usage("--scope folder needs --folder NAME or --project NAME");
 
   Host host;

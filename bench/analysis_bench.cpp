@@ -18,6 +18,8 @@
 
 #include "analysis/CXmlAnalyzerBrowser.h"
 #include "host/MGlobals.h"
+#include "host/SettingsKeys.h"
+#include "platform/suite/Scopes.h"
 #include "results/MGlobals_ResultsDb.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/Project.h"
@@ -136,7 +138,7 @@ void SetUpHost(const Fixture& f) {
   fs::path home = f.root / "home";
   fs::create_directories(home);
   MGlobals::AppSettingsObject_HKCU = std::make_shared<platform::suite::IniSettingsStore>(home / "settings.ini");
-  MGlobals::AppSettingsObject_HKCU->Write("CommentsAnalyzer", "LastScope", platform::Variant(4));
+  MGlobals::AppSettingsObject_HKCU->Write(section::CommentsAnalyzer, key::LastScope, platform::Variant(static_cast<int>(platform::suite::kScopeSolution)));
   MGlobals::WorkspaceObject = std::make_shared<platform::dao::Workspace>();
   MGlobals::TeamDB = platform::suite::TeamDatabase::OpenOrCreate(*MGlobals::WorkspaceObject, (home / "team.db").string());
 }

@@ -1,6 +1,7 @@
 #include "analysis/AnalysisOptionsLoader.h"
 
 #include "host/MGlobals.h"
+#include "host/SettingsKeys.h"
 #include "host/Steps.h"
 #include "platform/forms/DoEvents.h"
 #include "platform/suite/SettingsStore.h"
@@ -10,7 +11,6 @@ namespace {
 
 using platform::Variant;
 
-constexpr const char* kSection = "CommentsAnalyzer";
 constexpr int16_t kDefaultLineCount = 15;
 
 Variant Read(const char* section, const char* key, const Variant& def) {
@@ -18,7 +18,7 @@ Variant Read(const char* section, const char* key, const Variant& def) {
   return MGlobals::AppSettingsObject_HKCU->Read(section, key, def);
 }
 
-bool ReadFlag(const char* key, int def) { return platform::ToBool(Read(kSection, key, def)); }
+bool ReadFlag(const char* key, int def) { return platform::ToBool(Read(section::CommentsAnalyzer, key, def)); }
 
 }  // namespace
 
@@ -37,13 +37,13 @@ std::vector<std::string> SplitXMLCheck(const std::string& xmlCheck) {
 
 int16_t ReadLineCount() {
   int16_t lineCount = kDefaultLineCount;
-  Quietly([&] { lineCount = platform::ToInt16(Read(kSection, "LineCount", kDefaultLineCount)); });
+  Quietly([&] { lineCount = platform::ToInt16(Read(section::CommentsAnalyzer, key::LineCount, kDefaultLineCount)); });
   if (lineCount < 5 || lineCount > 100) lineCount = kDefaultLineCount;
   return lineCount;
 }
 
 int16_t ReadOpenDocAllowed() {
-  int16_t allowed = platform::ToInt16(Read("Settings", "OpenDocAllowed", 10));
+  int16_t allowed = platform::ToInt16(Read(section::Settings, key::OpenDocAllowed, 10));
   if (allowed < 1 || allowed > 30) allowed = 20;
   return allowed;
 }
@@ -51,19 +51,19 @@ int16_t ReadOpenDocAllowed() {
 void LoadAnalysisOptions(AnalysisOptions& options, std::vector<std::string>& xmlCheckItems,
                          const XMLCheckBuilder& buildXMLCheck) {
   Steps step("Quillmark.CXmlAnalyzerBrowser.GetOptions");
-  step(1, [&] { options.LastScope = platform::ToInt32(Read(kSection, "LastScope", 0)); });
-  step(2, [&] { options.EnablePublic = ReadFlag("EnablePublic", 1); });
-  step(2, [&] { options.XMLOnPublic = ReadFlag("XMLOnPublic", 1); });
-  step(2, [&] { options.EnableNonPublic = ReadFlag("EnableNonPublic", 1); });
-  step(2, [&] { options.XMLOnNonPublic = ReadFlag("XMLOnNonPublic", 0); });
-  step(3, [&] { options.XMLCheck = platform::ToString(Read(kSection, "XMLCheck", "")); });
+  step(1, [&] { options.LastScope = platform::ToInt32(Read(section::CommentsAnalyzer, key::LastScope, 0)); });
+  step(2, [&] { options.EnablePublic = ReadFlag(key::EnablePublic, 1); });
+  step(2, [&] { options.XMLOnPublic = ReadFlag(key::XMLOnPublic, 1); });
+  step(2, [&] { options.EnableNonPublic = ReadFlag(key::EnableNonPublic, 1); });
+  step(2, [&] { options.XMLOnNonPublic = ReadFlag(key::XMLOnNonPublic, 0); });
+  step(3, [&] { options.XMLCheck = platform::ToString(Read(section::CommentsAnalyzer, key::XMLCheck, "")); });
   if (options.XMLCheck.empty() && buildXMLCheck) {
     step(4, [&] { buildXMLCheck(); });
     platform::forms::DoEvents();
-    step(4, [&] { options.XMLCheck = platform::ToString(Read(kSection, "XMLCheck", "")); });
+    step(4, [&] { options.XMLCheck = platform::ToString(Read(section::CommentsAnalyzer, key::XMLCheck, "")); });
   }
   step(5, [&] { xmlCheckItems = SplitXMLCheck(options.XMLCheck); });
-  step(6, [&] { options.EnableBody = ReadFlag("EnableBody", 1); });
+  step(6, [&] { options.EnableBody = ReadFlag(key::EnableBody, 1); });
   step(7, [&] { options.LineCount = ReadLineCount(); });
 }
 

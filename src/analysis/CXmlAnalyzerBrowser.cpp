@@ -18,10 +18,18 @@
 #include "platform/codemodel/FileCodeModel.h"
 #include "platform/forms/MessageBox.h"
 #include "platform/suite/CodeModelHelper.h"
+#include "platform/suite/Scopes.h"
 #include "platform/suite/ServiceObject.h"
 #include "platform/win32/Keyboard.h"
 
 namespace annotra {
+
+using platform::suite::kScopeDocument;
+using platform::suite::kScopeMethod;
+using platform::suite::kScopeOpenDocuments;
+using platform::suite::kScopeProject;
+using platform::suite::kScopeSolution;
+using platform::suite::kScopeSolutionFolder;
 
 using namespace platform::automation;
 namespace cm = platform::codemodel;
@@ -86,17 +94,17 @@ void CXmlAnalyzerBrowser::EndWalk() {
 
 void CXmlAnalyzerBrowser::WalkScope(int32_t scope) {
   switch (scope) {
-    case 0:
-    case 1: {
+    case kScopeMethod:
+    case kScopeDocument: {
       auto text = ActiveTextDocument();
       if (!text) return;
       m_oStatus->InitStatus(0, "");
-      if (scope == 0) FindInMethod(text);
+      if (scope == kScopeMethod) FindInMethod(text);
       else FindInComponent(text);
       m_oStatus->ShutdownStatus();
       return;
     }
-    case 2: {
+    case kScopeOpenDocuments: {
       m_oStatus->InitStatus(m_oEstimate->EstimateOpenDocuments(), kEstimating);
       Ref<Documents> documents;
       Quietly([&] { documents = MGlobals::DTEObject->Documents(); });
@@ -116,10 +124,10 @@ void CXmlAnalyzerBrowser::WalkScope(int32_t scope) {
       m_oStatus->ShutdownStatus();
       return;
     }
-    case 3:
-    case 6: {
+    case kScopeProject:
+    case kScopeSolutionFolder: {
       Ref<Project> project;
-      if (scope == 3) {
+      if (scope == kScopeProject) {
         Quietly([&] {
           project = MGlobals::DTEObject->ActiveDocument()->ProjectItem()->ContainingProject();
         });
@@ -140,7 +148,7 @@ void CXmlAnalyzerBrowser::WalkScope(int32_t scope) {
       m_oStatus->ShutdownStatus();
       return;
     }
-    case 4: {
+    case kScopeSolution: {
       Ref<Projects> projects;
       Quietly([&] { projects = MGlobals::DTEObject->Solution()->Projects(); });
       if (!projects) return;

@@ -14,6 +14,7 @@
 #include "platform/automation/TextPoint.h"
 #include "platform/codemodel/CodeElement.h"
 #include "platform/grammar/GrammarParser.h"
+#include "platform/suite/ElementKinds.h"
 
 namespace annotra {
 
@@ -91,7 +92,7 @@ void CXmlAnalyzerBrowser::BodyAnalysis(const Ref<TextDocument>& textDocument,
           step(6, [&] { document = textDocument->Parent()->Name(); });
           step(6, [&] { path = GetProjectItemPath(textDocument); });
         }
-        Found(project, document, path, member, firstLine + prev, firstLine + c - 1, "Method",
+        Found(project, document, path, member, firstLine + prev, firstLine + c - 1, platform::suite::kind::Method,
               ProblemText(ProblemId::LongUncommented));
       }
     }

@@ -14,10 +14,12 @@
 #include "platform/automation/TextPoint.h"
 #include "platform/codemodel/CodeElement.h"
 #include "platform/grammar/GrammarParser.h"
+#include "platform/suite/ElementKinds.h"
 
 namespace annotra {
 
 namespace cm = platform::codemodel;
+namespace kind = platform::suite::kind;
 using platform::Ref;
 
 namespace {
@@ -26,17 +28,17 @@ namespace {
 /// its findings); "" for kinds that are not checked.
 std::string KindName(int kind) {
   switch (kind) {
-    case cm::vsCMElementClass: return "Class";
-    case cm::vsCMElementFunction: return "Method";
-    case cm::vsCMElementVariable: return "Field (variable, constant)";
-    case cm::vsCMElementProperty: return "Property";
-    case cm::vsCMElementNamespace: return "Namespace";
-    case cm::vsCMElementInterface: return "Interface";
-    case cm::vsCMElementDelegate: return "Delegate";
-    case cm::vsCMElementEnum: return "Enum";
-    case cm::vsCMElementStruct: return "Structure";
-    case cm::vsCMElementEvent: return "Event";
-    case cm::vsCMElementModule: return "Module";
+    case cm::vsCMElementClass: return kind::Class;
+    case cm::vsCMElementFunction: return kind::Method;
+    case cm::vsCMElementVariable: return kind::Field;
+    case cm::vsCMElementProperty: return kind::Property;
+    case cm::vsCMElementNamespace: return kind::Namespace;
+    case cm::vsCMElementInterface: return kind::Interface;
+    case cm::vsCMElementDelegate: return kind::Delegate;
+    case cm::vsCMElementEnum: return kind::Enum;
+    case cm::vsCMElementStruct: return kind::Structure;
+    case cm::vsCMElementEvent: return kind::Event;
+    case cm::vsCMElementModule: return kind::Module;
     default: return "";
   }
 }
@@ -44,8 +46,8 @@ std::string KindName(int kind) {
 /// Whether the kind's `param`, `para` and `returns` tags follow the parameter and return
 /// rules.
 bool HasSignature(const std::string& kindName) {
-  return kindName == "Delegate" || kindName == "Method" || kindName == "Event" ||
-         kindName == "Property";
+  return kindName == kind::Delegate || kindName == kind::Method || kindName == kind::Event ||
+         kindName == kind::Property;
 }
 
 }  // namespace
@@ -85,8 +87,8 @@ void CXmlAnalyzerBrowser::DefinitionAnalysis(const Ref<TextDocument>& textDocume
   }
 
   bool isPublic = false;
-  if (kindName == "Namespace") isPublic = true;
-  else if (kindName == "Module") isPublic = false;
+  if (kindName == kind::Namespace) isPublic = true;
+  else if (kindName == kind::Module) isPublic = false;
   else if (!kindName.empty()) isPublic = bParentPublic && MGlobals::IsPublic(element);
   if (isPublic && !options.EnablePublic) return;
   if (!isPublic && !options.EnableNonPublic) return;

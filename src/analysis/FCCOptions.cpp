@@ -1,6 +1,7 @@
 #include "analysis/FCCOptions.h"
 
 #include "host/FParser.h"
+#include "host/SettingsKeys.h"
 #include "host/MGlobals.h"
 #include "host/Steps.h"
 #include "platform/automation/DTE.h"
@@ -11,6 +12,7 @@
 #include "platform/dao/Field.h"
 #include "platform/dao/Recordset.h"
 #include "platform/forms/DoEvents.h"
+#include "platform/suite/ElementKinds.h"
 #include "platform/forms/MessageBox.h"
 #include "platform/suite/FormHelper.h"
 #include "platform/suite/Help.h"
@@ -18,6 +20,8 @@
 #include "platform/suite/XMLCommentTemplatesManager.h"
 
 namespace annotra {
+
+namespace kind = platform::suite::kind;
 
 using platform::Ref;
 using platform::forms::TreeNode;
@@ -29,12 +33,12 @@ const struct {
   const char* kind;
   const char* icon;
 } kKindIcons[] = {
-    {"Class", "imgClass"},         {"Delegate", "imgDelegate"},
-    {"Enum", "imgEnum"},           {"Method", "imgMethod"},
-    {"Interface", "imgInterface"}, {"Module", "imgModule"},
-    {"Namespace", "imgNamespace"}, {"Structure", "imgStructure"},
-    {"Event", "imgEvent"},         {"Property", "imgProperty"},
-    {"Field (variable, constant)", "imgField"},
+    {kind::Class, "imgClass"},         {kind::Delegate, "imgDelegate"},
+    {kind::Enum, "imgEnum"},           {kind::Method, "imgMethod"},
+    {kind::Interface, "imgInterface"}, {kind::Module, "imgModule"},
+    {kind::Namespace, "imgNamespace"}, {kind::Structure, "imgStructure"},
+    {kind::Event, "imgEvent"},         {kind::Property, "imgProperty"},
+    {kind::Field, "imgField"},
 };
 
 // A kind outside the table has no icon of its own.
@@ -93,7 +97,7 @@ void FCCOptions::GetOptions(bool bShowForm) {
   step(3, [&] { SetStateImages(); });
   step(4, [&] { CheckAllNodes(); });
   step(5, [&] {
-    MGlobals::AppSettingsObject_HKCU->Write("CommentsAnalyzer", "XMLCheck", GetCheckedNodes());
+    MGlobals::AppSettingsObject_HKCU->Write(section::CommentsAnalyzer, key::XMLCheck, GetCheckedNodes());
   });
 }
 
@@ -285,7 +289,7 @@ void FCCOptions::cmdXMLTemplates_Click() {
 void FCCOptions::Command1_Click() {
   Steps step("Quillmark.FCCOptions.Command1_Click");
   step(1, [&] {
-    MGlobals::AppSettingsObject_HKCU->Write("CommentsAnalyzer", "XMLCheck", GetCheckedNodes());
+    MGlobals::AppSettingsObject_HKCU->Write(section::CommentsAnalyzer, key::XMLCheck, GetCheckedNodes());
   });
   step(2, [&] { Hide(); });
 }

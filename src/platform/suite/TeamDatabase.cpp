@@ -7,6 +7,7 @@
 #include "platform/dao/Recordset.h"
 #include "platform/dao/TableDef.h"
 #include "platform/dao/Workspace.h"
+#include "platform/suite/ElementKinds.h"
 #include "platform/suite/ServiceObject.h"
 
 namespace platform::suite {
@@ -16,17 +17,17 @@ const std::vector<TeamDatabase::Template>& TeamDatabase::DefaultTemplates() {
   static const std::string param = "<param name=\"\" type=\"\"></param>";
   static const std::string returns = "<returns></returns>";
   static const std::vector<Template> templates = {
-      {"Class", summary, true},
-      {"Delegate", summary + "\n" + param + "\n" + returns, true},
-      {"Enum", summary, true},
-      {"Method", summary + "\n" + param + "\n" + returns, true},
-      {"Interface", summary, true},
-      {"Module", summary, true},
-      {"Namespace", summary, false},
-      {"Structure", summary, true},
-      {"Event", summary, true},
-      {"Property", summary + "\n" + param, true},
-      {"Field (variable, constant)", summary, true},
+      {kind::Class, summary, true},
+      {kind::Delegate, summary + "\n" + param + "\n" + returns, true},
+      {kind::Enum, summary, true},
+      {kind::Method, summary + "\n" + param + "\n" + returns, true},
+      {kind::Interface, summary, true},
+      {kind::Module, summary, true},
+      {kind::Namespace, summary, false},
+      {kind::Structure, summary, true},
+      {kind::Event, summary, true},
+      {kind::Property, summary + "\n" + param, true},
+      {kind::Field, summary, true},
   };
   return templates;
 }

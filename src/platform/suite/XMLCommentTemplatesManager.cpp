@@ -8,6 +8,7 @@
 #include "platform/dao/Database.h"
 #include "platform/dao/Field.h"
 #include "platform/dao/Recordset.h"
+#include "platform/suite/ElementKinds.h"
 
 namespace platform::suite {
 namespace {
@@ -16,9 +17,7 @@ constexpr const char* kTable = "XMLComments";
 constexpr const char* kUsage =
     "usage: annotra templates list | show KIND | enable KIND | disable KIND | set KIND TEXT";
 
-const char* const kKinds[] = {"Class",     "Delegate",  "Enum",  "Method",
-                              "Interface", "Module",    "Namespace", "Structure",
-                              "Event",     "Property",  "Field (variable, constant)"};
+const auto& kKinds = kind::All;
 
 bool Enabled(const Variant& v) {
   if (v.IsEmpty()) return false;

@@ -1,0 +1,36 @@
+#pragma once
+
+/// The sections and keys of the settings stores that the component reads and writes.
+namespace annotra {
+
+namespace section {
+/// The comment rules, the required-tag list, the last scope and the dialog's page.
+inline constexpr const char* CommentsAnalyzer = "CommentsAnalyzer";
+/// Settings the whole suite shares.
+inline constexpr const char* Settings = "Settings";
+/// The folders last used by the file dialogs.
+inline constexpr const char* LastPaths = "LastPaths";
+/// Whether lists show in the editor's font.
+inline constexpr const char* Fonts = "Settings\\Fonts";
+}  // namespace section
+
+namespace key {
+// Section CommentsAnalyzer.
+inline constexpr const char* LastScope = "LastScope";
+inline constexpr const char* Tab = "Tab";
+inline constexpr const char* EnablePublic = "EnablePublic";
+inline constexpr const char* XMLOnPublic = "XMLOnPublic";
+inline constexpr const char* EnableNonPublic = "EnableNonPublic";
+inline constexpr const char* XMLOnNonPublic = "XMLOnNonPublic";
+inline constexpr const char* XMLCheck = "XMLCheck";
+inline constexpr const char* EnableBody = "EnableBody";
+inline constexpr const char* LineCount = "LineCount";
+// Section Settings.
+inline constexpr const char* OpenDocAllowed = "OpenDocAllowed";
+// Section LastPaths.
+inline constexpr const char* SaveRestoreXMLAnalyzer = "SaveRestoreXMLAnalyzer";
+// Section Settings\Fonts.
+inline constexpr const char* Results = "Results";
+}  // namespace key
+
+}  // namespace annotra
