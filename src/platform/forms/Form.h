@@ -52,18 +52,37 @@ class Form : public Dispatch {
   /// not loaded).
   bool Unload(int unloadMode = vbFormCode);
 
-  /// Controls in the order they were made.
+  /// Every control of the form, contained ones included, in the order they were made.
   const std::vector<Control*>& Controls() const { return m_controls; }
-  /// The control named `nameOrCaption`, or whose caption without access-key marks is
-  /// that; nullptr when none.
+  /// The control named `nameOrCaption` ("Text1", or "ctlStdComments1.Text1" through its
+  /// containers), or else the first whose caption without access-key marks is that;
+  /// nullptr when none.
   Control* FindControl(const std::string& nameOrCaption) const;
   Control* ActiveControl() const { return m_active; }
-  /// Gives `control` the focus; false when it cannot take it.
+  /// Gives `control` the focus; false when it cannot take it. The control that had it,
+  /// and every container the focus leaves, raise LostFocus; the control, and every
+  /// container the focus enters, raise GotFocus.
   bool SetFocus(Control& control);
 
-  /// The user presses a key: with KeyPreview the form sees it first; then the active
-  /// control; Enter presses the default button and Escape the cancel button.
+  /// The controls the focus can rest on, in tab order: by TabIndex within each
+  /// container, a container's controls at the container's place.
+  std::vector<Control*> TabOrder() const;
+  /// The innermost shown control under the point (twips on the client area); of two
+  /// overlapping ones, the one made later. nullptr over the bare form.
+  Control* ControlAt(int x, int y) const;
+
+  /// The user presses a key: with KeyPreview the form sees it first (and may clear it);
+  /// Tab and Shift+Tab move the focus along the tab order; otherwise the active control
+  /// gets it, and what its handlers leave acts on the form: Enter clicks the focused
+  /// button, else the default button; Escape clicks the cancel button.
   void UserKey(int keyCode, int shift = 0);
+  /// The user presses Alt with `key` (a letter or digit, any case): the reachable
+  /// control whose caption carries that access key takes it: a button or check box is
+  /// focused and clicked, a label hands the focus to the next control in tab order,
+  /// anything else takes the focus. False when no control carries the key.
+  bool UserAccessKey(char key);
+  /// Moves the focus to the next (or previous) control in tab order, wrapping around.
+  void UserTab(bool forward = true);
 
   // For controls.
   void Register(Control* control) { m_controls.push_back(control); }

@@ -12,6 +12,7 @@ class ImageList : public Control {
  public:
   using Control::Control;
   const char* TypeName() const override { return "ImageList"; }
+  bool CanFocus() const override { return false; }
   bool UserClick() override { return false; }
 
   /// Adds a picture under `key`; fails with 35602 when the key is taken. Returns its

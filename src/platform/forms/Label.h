@@ -10,6 +10,7 @@ class Label : public Control {
  public:
   using Control::Control;
   const char* TypeName() const override { return "Label"; }
+  bool CanFocus() const override { return false; }
   bool UserClick() override { return Control::UserClick(); }
 };
 

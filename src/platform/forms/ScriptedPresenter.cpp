@@ -49,6 +49,36 @@ ScriptedPresenter& ScriptedPresenter::MouseMove(const std::string& target, int x
   });
 }
 
+ScriptedPresenter& ScriptedPresenter::MouseDown(const std::string& target, int button, int x, int y) {
+  return Queue([this, target, button, x, y](Form& form) {
+    Control* c = form.FindControl(target);
+    if (!c || !c->UserMouseDown(button, x, y)) errors.push_back("cannot press a button over '" + target + "'");
+  });
+}
+
+ScriptedPresenter& ScriptedPresenter::MouseUp(const std::string& target, int button, int x, int y) {
+  return Queue([this, target, button, x, y](Form& form) {
+    Control* c = form.FindControl(target);
+    if (!c || !c->UserMouseUp(button, x, y)) errors.push_back("cannot release a button over '" + target + "'");
+  });
+}
+
+ScriptedPresenter& ScriptedPresenter::DblClick(const std::string& target, int x, int y) {
+  return Queue([this, target, x, y](Form& form) {
+    Control* c = form.FindControl(target);
+    if (!c) return errors.push_back("no control '" + target + "' on " + form.Name());
+    log.push_back("dblclick " + c->Name);
+    if (!c->UserDblClick(x, y)) errors.push_back("'" + target + "' cannot be double-clicked");
+  });
+}
+
+ScriptedPresenter& ScriptedPresenter::AccessKey(char key) {
+  return Queue([this, key](Form& form) {
+    log.push_back(std::string("alt+") + key);
+    if (!form.UserAccessKey(key)) errors.push_back(std::string("no control has the access key ") + key);
+  });
+}
+
 ScriptedPresenter& ScriptedPresenter::Wait(int milliseconds) {
   return Queue([milliseconds](Form&) {
     Clock::Current().Advance(milliseconds);

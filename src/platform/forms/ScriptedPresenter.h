@@ -29,6 +29,13 @@ class ScriptedPresenter : public Presenter {
   ScriptedPresenter& Type(const std::string& text);
   /// Moves the mouse over a control, at x, y (twips, inside the control).
   ScriptedPresenter& MouseMove(const std::string& target, int x, int y);
+  /// Presses or releases a mouse button (vbLeftButton, vbRightButton) over a control.
+  ScriptedPresenter& MouseDown(const std::string& target, int button, int x, int y);
+  ScriptedPresenter& MouseUp(const std::string& target, int button, int x, int y);
+  /// Double-clicks a control at x, y.
+  ScriptedPresenter& DblClick(const std::string& target, int x, int y);
+  /// Presses Alt with an access key.
+  ScriptedPresenter& AccessKey(char key);
   /// Lets `milliseconds` pass on the clock (timers fall due) and runs pending messages.
   ScriptedPresenter& Wait(int milliseconds);
   /// Clicks the check box of the node with `key` in the tree view `tree`.

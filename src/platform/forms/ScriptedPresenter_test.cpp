@@ -7,6 +7,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/TextBox.h"
 #include "platform/forms/Timer.h"
+#include "platform/win32/WindowStyles.h"
 
 namespace platform::forms {
 namespace {
@@ -22,7 +23,8 @@ class Dialog : public Form {
       innerText = inner.text.Text();
     });
     timer.Tick.Connect([this] { ticks++; });
-    text.NumericOnly = true;
+    win32::SetWindowLongA(text.hWnd(), win32::GWL_STYLE,
+                          win32::GetWindowLongA(text.hWnd(), win32::GWL_STYLE) | win32::ES_NUMBER);
   }
   CommandButton ok{*this, "cmdOK", "&OK"};
   CommandButton more{*this, "cmdMore", "&More..."};

@@ -10,6 +10,7 @@ class Separator : public Control {
  public:
   using Control::Control;
   const char* TypeName() const override { return "AreaSeparator"; }
+  bool CanFocus() const override { return false; }
   bool UserClick() override { return false; }
 };
 

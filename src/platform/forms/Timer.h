@@ -16,6 +16,7 @@ class Timer : public Control {
   Timer(Form& owner, std::string name);
   ~Timer() override;
   const char* TypeName() const override { return "Timer"; }
+  bool CanFocus() const override { return false; }
   bool UserClick() override { return false; }
 
   int Interval() const { return m_interval; }
