@@ -2,7 +2,9 @@
 // argument a line, run from the SOLUTION folder, with --format tsv added) is compared with
 // NAME.expected beside it. NAME.settings, when present, is the settings store the run
 // starts from. ANNOTRA_UPDATE_FIXTURES=1 rewrites the expected files (read them before
-// committing them).
+// committing them). These cases are about the command line: scopes, flags, bad input and
+// exit statuses. What the checks find is tested on annotated inputs (testdata/checks/,
+// src/analysis/Checks_test.cpp), where a new line moves no other expectation.
 
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -41,14 +41,9 @@ class EstimateTest : public ::testing::Test {
     dir.Write("R/r.vb", "Module R\nEnd Module\n");
     dir.Write("R/Sub/s.vb", "Module S\nEnd Module\n");
     dir.Write("Empty/Empty.csproj", LegacyProjectFile(""));
-    auto loaded = OpenSolution(dir.Write("Estimate.slnx", R"(<Solution>
-  <Project Path="P/P.csproj" />
-  <Folder Name="/Folder/">
-    <Project Path="Q/Q.csproj" />
-    <Project Path="R/R.vbproj" />
-  </Folder>
-  <Project Path="Empty/Empty.csproj" />
-</Solution>)"));
+    auto loaded = OpenSolution(dir.Write(
+        "Estimate.slnx", testsupport::SlnxText({{"P/P.csproj"}, {"Q/Q.csproj", "Folder"},
+                                                {"R/R.vbproj", "Folder"}, {"Empty/Empty.csproj"}})));
     ASSERT_TRUE(loaded.warnings.empty()) << loaded.warnings.front();
     dte = loaded.dte;
     MGlobals::DTEObject = dte;

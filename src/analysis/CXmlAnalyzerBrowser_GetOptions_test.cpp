@@ -7,6 +7,7 @@
 #include "platform/forms/DoEvents.h"
 #include "platform/suite/ErrorReport.h"
 #include "platform/suite/IniSettingsStore.h"
+#include "testsupport/ErrorOf.h"
 #include "testsupport/TempDir.h"
 
 using namespace annotra;
@@ -41,12 +42,7 @@ class OptionsTest : public ::testing::Test {
 };
 
 int OpenDocAllowedError() {
-  try {
-    ReadOpenDocAllowed();
-  } catch (const platform::Error& e) {
-    return e.number;
-  }
-  return 0;
+  return testsupport::ErrorOf([] { ReadOpenDocAllowed(); });
 }
 
 }  // namespace

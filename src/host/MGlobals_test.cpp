@@ -30,6 +30,8 @@ using testsupport::ItemAt;
 using testsupport::LegacyProjectFile;
 using testsupport::OpenInHost;
 using testsupport::ProjectNamed;
+using testsupport::SlnText;
+using testsupport::SlnxText;
 
 class MGlobalsTest : public ::testing::Test {
  protected:
@@ -162,7 +164,7 @@ TEST_F(DocumentsTest, HasDocumentTextCodeVisibleReadsTheFirstTextWindow) {
 // --- Projects and items --------------------------------------------------------------------
 
 TEST_F(MGlobalsTest, IsProjectOpenShowsItsMessageOnceWhenTheSolutionHasNoProject) {
-  auto empty = dir.Write("Empty.slnx", "<Solution>\n</Solution>\n");
+  auto empty = dir.Write("Empty.slnx", SlnxText({}));
   Load(empty);
   EXPECT_FALSE(MGlobals::IsProjectOpen());
   ASSERT_EQ(boxes->shown.size(), 1u);
@@ -186,16 +188,9 @@ TEST_F(MGlobalsTest, SearchProjectFindsTheFirstProjectOfThatNameDepthFirst) {
   dir.Write("x/Core.csproj", LegacyProjectFile(""));
   dir.Write("y/Core.vbproj", LegacyProjectFile(""));
   dir.Write("z/Other.csproj", LegacyProjectFile(""));
-  Load(dir.Write("Search.slnx", R"(<Solution>
-  <Folder Name="/Apps/" />
-  <Folder Name="/Apps/Deep/">
-    <Project Path="z/Other.csproj" />
-  </Folder>
-  <Folder Name="/Apps/Deep/Deeper/">
-    <Project Path="x/Core.csproj" />
-  </Folder>
-  <Project Path="y/Core.vbproj" />
-</Solution>)"));
+  Load(dir.Write("Search.slnx", SlnxText({{"z/Other.csproj", "Apps/Deep"},
+                                           {"x/Core.csproj", "Apps/Deep/Deeper"},
+                                           {"y/Core.vbproj"}})));
   auto core = MGlobals::SearchProject("Core");
   ASSERT_TRUE(core);
   EXPECT_EQ(core->FullName(), (dir.path() / "x/Core.csproj").string());
@@ -214,25 +209,10 @@ TEST_F(MGlobalsTest, SearchProjectFindsTheFirstProjectOfThatNameDepthFirst) {
 TEST_F(MGlobalsTest, SearchProjectSeesProjectsOfAnSlnNestedInFolders) {
   for (const char* p : {"one/Lib.csproj", "two/Lib.csproj", "three/Top.csproj"})
     dir.Write(p, LegacyProjectFile(""));
-  Load(dir.Write("Search.sln", R"(
-Microsoft Visual Studio Solution File, Format Version 12.00
-Project("{FAE04EC0-301F-11D3-BF4B-00C04F79EFBC}") = "Top", "three\Top.csproj", "{A0000000-0000-0000-0000-000000000003}"
-EndProject
-Project("{2150E333-8FDC-42A3-9474-1A3956D46DE8}") = "First", "First", "{F0000000-0000-0000-0000-000000000001}"
-EndProject
-Project("{FAE04EC0-301F-11D3-BF4B-00C04F79EFBC}") = "Lib", "one\Lib.csproj", "{A0000000-0000-0000-0000-000000000001}"
-EndProject
-Project("{2150E333-8FDC-42A3-9474-1A3956D46DE8}") = "Second", "Second", "{F0000000-0000-0000-0000-000000000002}"
-EndProject
-Project("{FAE04EC0-301F-11D3-BF4B-00C04F79EFBC}") = "Lib", "two\Lib.csproj", "{A0000000-0000-0000-0000-000000000002}"
-EndProject
-Global
-	GlobalSection(NestedProjects) = preSolution
-		{A0000000-0000-0000-0000-000000000001} = {F0000000-0000-0000-0000-000000000001}
-		{A0000000-0000-0000-0000-000000000002} = {F0000000-0000-0000-0000-000000000002}
-	EndGlobalSection
-EndGlobal
-)"));
+  // Top, then the folder First holding one Lib, then the folder Second holding another.
+  Load(dir.Write("Search.sln", SlnText({{"three/Top.csproj"},
+                                        {"one/Lib.csproj", "First"},
+                                        {"two/Lib.csproj", "Second"}})));
   auto lib = MGlobals::SearchProject("Lib");
   ASSERT_TRUE(lib);
   EXPECT_EQ(lib->FullName(), (dir.path() / "one/Lib.csproj").string());

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -9,6 +8,8 @@
 #include "platform/dao/Workspace.h"
 #include "platform/forms/MessageBox.h"
 #include "platform/suite/ErrorReport.h"
+#include "testsupport/ErrorOf.h"
+#include "testsupport/RawSqlite.h"
 #include "testsupport/TempDir.h"
 
 using namespace annotra;
@@ -16,19 +17,10 @@ using namespace platform::dao;
 using platform::Error;
 using platform::Ref;
 using platform::Variant;
+using testsupport::ErrorOf;
 namespace fs = std::filesystem;
 
 namespace {
-
-template <class F>
-int ErrorOf(F&& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e.number;
-  }
-  return 0;
-}
 
 // Each test gets its own temporary folder (through TMPDIR), a workspace, and recorded
 // message boxes and error reports; the module state is forgotten before and after.
@@ -91,19 +83,6 @@ const Expected kSchema[] = {
     {"End", dbLong, 4, 1, false, ""},        {"Status", dbByte, 1, 1, false, "0"},
     {"Problem", dbMemo, 0, 1, false, ""},
 };
-
-std::string RawOne(const std::string& file, const std::string& sql) {
-  sqlite3* db = nullptr;
-  sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
-  sqlite3_stmt* stmt = nullptr;
-  sqlite3_prepare_v2(db, sql.c_str(), -1, &stmt, nullptr);
-  std::string out;
-  if (stmt && sqlite3_step(stmt) == SQLITE_ROW && sqlite3_column_text(stmt, 0))
-    out = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
-  sqlite3_finalize(stmt);
-  sqlite3_close(db);
-  return out;
-}
 
 void AddFinding(Recordset& rs, const std::string& memo, const std::string& problem) {
   rs.AddNew();
@@ -172,17 +151,17 @@ TEST_F(ResultsDbTest, FirstUseCreatesTheSchemaThatReadsBackFieldByField) {
   db->Close();
   for (const char* name : {"XMLAnalyzer0", "XMLAnalyzer1"}) {
     std::string t = name;
-    EXPECT_EQ(RawOne(file, "SELECT group_concat(name || ' ' || type, ', ') FROM pragma_table_info('" + t + "')"),
+    EXPECT_EQ(testsupport::RawText(file, "SELECT group_concat(name || ' ' || type, ', ') FROM pragma_table_info('" + t + "')"),
               "ID INTEGER, Flag TINYINT, Project TEXT, Document TEXT, Type TEXT, Path TEXT, Member TEXT, "
               "Start INTEGER, End INTEGER, Status TINYINT, Problem TEXT");
-    EXPECT_EQ(RawOne(file, "SELECT pk FROM pragma_table_info('" + t + "') WHERE name='ID'"), "1");
-    EXPECT_EQ(RawOne(file, "SELECT group_concat(f, ' ') FROM (SELECT Name || ':' || Type || ':' || Attributes || ':' || "
+    EXPECT_EQ(testsupport::RawText(file, "SELECT pk FROM pragma_table_info('" + t + "') WHERE name='ID'"), "1");
+    EXPECT_EQ(testsupport::RawText(file, "SELECT group_concat(f, ' ') FROM (SELECT Name || ':' || Type || ':' || Attributes || ':' || "
                            "AllowZeroLength || ':' || DefaultValue AS f FROM MSysDaoFields WHERE TableName='" + t +
                            "' ORDER BY OrdinalPosition)"),
               "ID:4:17:0: Flag:2:1:0:0 Project:12:2:1: Document:12:2:1: Type:12:2:1: Path:12:2:1: "
               "Member:12:2:1: Start:4:1:0:0 End:4:1:0: Status:2:1:0:0 Problem:12:1:0:");
   }
-  EXPECT_EQ(RawOne(file, "SELECT Type || ':' || Value FROM MSysDaoProperties WHERE Name='SBType'"), "10:xmm");
+  EXPECT_EQ(testsupport::RawText(file, "SELECT Type || ':' || Value FROM MSysDaoProperties WHERE Name='SBType'"), "10:xmm");
   EXPECT_TRUE(boxes->shown.empty());
   EXPECT_TRUE(report->entries.empty());
 }

@@ -1,7 +1,9 @@
 #pragma once
 // Helpers for tests that load a solution written to a temporary folder and act as the
 // host on it (opening documents, placing the caret, selecting projects). Header only:
-// the test programs that include it already link the automation model.
+// the test programs that include it already link the automation model. It includes the
+// automation model, so only tests of platform/automation and the folders above it may
+// use it; the texts of solution and project files are in SolutionText.h.
 
 #include <string>
 #include <vector>
@@ -13,27 +15,9 @@
 #include "platform/automation/ProjectItems.h"
 #include "platform/automation/Solution.h"
 #include "platform/automation/TextDocument.h"
+#include "testsupport/SolutionText.h"
 
 namespace testsupport {
-
-/// A legacy project file (MSBuild 2003 schema) whose one item group holds `items`, the
-/// item lines as written (`<Compile Include="Forms\A.cs" />`).
-inline std::string LegacyProjectFile(const std::string& items) {
-  return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
-         "<Project ToolsVersion=\"15.0\" "
-         "xmlns=\"http://schemas.microsoft.com/developer/msbuild/2003\">\n"
-         "  <ItemGroup>\n" +
-         items +
-         "\n  </ItemGroup>\n"
-         "</Project>\n";
-}
-
-/// An SDK-style project file for net8.0 that globs its sources.
-inline std::string SdkProjectFile() {
-  return "<Project Sdk=\"Microsoft.NET.Sdk\">\n"
-         "  <PropertyGroup><TargetFramework>net8.0</TargetFramework></PropertyGroup>\n"
-         "</Project>\n";
-}
 
 /// The project named `name` among `projects` and, depth first, the sub-projects of
 /// their solution folders; none when there is none.

@@ -9,23 +9,17 @@
 #include "platform/automation/TextPoint.h"
 #include "platform/codemodel/CodeElement.h"
 #include "platform/core/Error.h"
+#include "testsupport/ErrorOf.h"
 #include "testsupport/TempDir.h"
 
 namespace platform::codemodel {
 namespace {
 
+using testsupport::ErrorOf;
+
 Ref<FileCodeModel> ModelOf(std::string text, PreprocessorSymbols symbols = {}) {
   auto doc = automation::Document::FromText("A.cs", std::move(text), vsCMLanguageCSharp, std::move(symbols));
   return doc->CodeModel();
-}
-
-int ErrorNumberOf(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e.number;
-  }
-  return 0;
 }
 
 // Every element of the model, depth first.
@@ -63,22 +57,22 @@ TEST(CSharpParser, ReadsFailWith438WhereTheKindHasNoSuchProperty) {
   ASSERT_EQ(top->Count(), 3);
   auto import = top->Item(1), attribute = top->Item(2), ns = top->Item(3);
   for (auto& e : {import, attribute, ns}) {
-    EXPECT_EQ(ErrorNumberOf([&] { e->Access(); }), 438) << e->Name();
-    EXPECT_EQ(ErrorNumberOf([&] { e->Prototype(vsCMPrototypeType); }), 438) << e->Name();
-    EXPECT_EQ(ErrorNumberOf([&] { e->Parameters(); }), 438) << e->Name();
+    EXPECT_EQ(ErrorOf([&] { e->Access(); }), 438) << e->Name();
+    EXPECT_EQ(ErrorOf([&] { e->Prototype(vsCMPrototypeType); }), 438) << e->Name();
+    EXPECT_EQ(ErrorOf([&] { e->Parameters(); }), 438) << e->Name();
   }
-  EXPECT_EQ(ErrorNumberOf([&] { import->Members(); }), 438);
+  EXPECT_EQ(ErrorOf([&] { import->Members(); }), 438);
   auto cls = ns->Members()->Item(1);
   auto delegate = ns->Members()->Item(2);
   EXPECT_EQ(delegate->Kind(), vsCMElementDelegate);
-  EXPECT_EQ(ErrorNumberOf([&] { delegate->Members(); }), 438);
+  EXPECT_EQ(ErrorOf([&] { delegate->Members(); }), 438);
   EXPECT_EQ(delegate->Parameters()->Count(), 0);
-  EXPECT_EQ(ErrorNumberOf([&] { cls->Prototype(0); }), 438);
+  EXPECT_EQ(ErrorOf([&] { cls->Prototype(0); }), 438);
   auto members = cls->Members();
   ASSERT_EQ(members->Count(), 4);
   for (int i = 1; i <= 3; ++i) {
-    EXPECT_EQ(ErrorNumberOf([&] { members->Item(i)->Parameters(); }), 438);
-    EXPECT_EQ(ErrorNumberOf([&] { members->Item(i)->Members(); }), 438);
+    EXPECT_EQ(ErrorOf([&] { members->Item(i)->Parameters(); }), 438);
+    EXPECT_EQ(ErrorOf([&] { members->Item(i)->Members(); }), 438);
   }
   auto method = members->Item(4);
   EXPECT_EQ(method->Prototype(vsCMPrototypeType), "void M");
@@ -106,7 +100,7 @@ TEST(CSharpParser, AttributesAreElementsOfTheirOwn) {
   EXPECT_EQ(attributes->Item(3)->Name(), "global::Third<int, string>");
   EXPECT_EQ(TryAs<CodeElement>(attributes->Item(3)->Parent()).get(), m.get());
   EXPECT_EQ(attributes->Item(3)->DocComment(), "");
-  EXPECT_EQ(ErrorNumberOf([&] { attributes->Item(3)->Access(); }), 438);
+  EXPECT_EQ(ErrorOf([&] { attributes->Item(3)->Access(); }), 438);
   EXPECT_EQ(m->StartPoint()->Line(), 5);
 }
 

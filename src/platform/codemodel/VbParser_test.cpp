@@ -8,21 +8,15 @@
 #include "platform/automation/Document.h"
 #include "platform/automation/TextPoint.h"
 #include "platform/core/Error.h"
+#include "testsupport/ErrorOf.h"
 
 namespace platform::codemodel {
 namespace {
 
+using testsupport::ErrorOf;
+
 Ref<automation::Document> Open(const std::string& text, PreprocessorSymbols symbols = {}) {
   return automation::Document::FromText("A.vb", text, vsCMLanguageVB, std::move(symbols));
-}
-
-int ErrorOf(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e.number;
-  }
-  return 0;
 }
 
 TEST(VbParser, ElementsReadThroughTheAutomationModel) {

@@ -5,19 +5,16 @@
 #include "platform/core/Error.h"
 #include "platform/core/Event.h"
 #include "platform/core/Ref.h"
+#include "testsupport/ErrorOf.h"
 
 using platform::Error;
 using platform::Variant;
 
 namespace {
 
-int ErrorNumberOf(const Variant& v) {
-  try {
-    platform::ToInt16(v);
-  } catch (const Error& e) {
-    return e.number;
-  }
-  return 0;
+// The number of the error converting `v` to a 16-bit integer fails with; 0 when it works.
+int ToInt16Error(const Variant& v) {
+  return testsupport::ErrorOf([&] { platform::ToInt16(v); });
 }
 
 }  // namespace
@@ -33,16 +30,16 @@ TEST(ToInt16, DecimalTextConvertsAndHalfRoundsToEven) {
 }
 
 TEST(ToInt16, NonNumbersAreTypeMismatchAndOutOfRangeIsOverflow) {
-  EXPECT_EQ(ErrorNumberOf(Variant("abc")), 13);
-  EXPECT_EQ(ErrorNumberOf(Variant("")), 13);
-  EXPECT_EQ(ErrorNumberOf(Variant("0x10")), 13);
-  EXPECT_EQ(ErrorNumberOf(Variant("inf")), 13);
-  EXPECT_EQ(ErrorNumberOf(Variant("12abc")), 13);
-  EXPECT_EQ(ErrorNumberOf(Variant("32768")), 6);
-  EXPECT_EQ(ErrorNumberOf(Variant(-32769)), 6);
-  EXPECT_EQ(ErrorNumberOf(Variant("32767")), 0);
-  EXPECT_EQ(ErrorNumberOf(Variant(-32768)), 0);
-  EXPECT_EQ(ErrorNumberOf(Variant(32767.5)), 6);  // rounds to 32768
+  EXPECT_EQ(ToInt16Error(Variant("abc")), 13);
+  EXPECT_EQ(ToInt16Error(Variant("")), 13);
+  EXPECT_EQ(ToInt16Error(Variant("0x10")), 13);
+  EXPECT_EQ(ToInt16Error(Variant("inf")), 13);
+  EXPECT_EQ(ToInt16Error(Variant("12abc")), 13);
+  EXPECT_EQ(ToInt16Error(Variant("32768")), 6);
+  EXPECT_EQ(ToInt16Error(Variant(-32769)), 6);
+  EXPECT_EQ(ToInt16Error(Variant("32767")), 0);
+  EXPECT_EQ(ToInt16Error(Variant(-32768)), 0);
+  EXPECT_EQ(ToInt16Error(Variant(32767.5)), 6);  // rounds to 32768
 }
 
 TEST(ToBool, NonZeroIsTrueAndWordsConvert) {

@@ -2,25 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/dao/Workspace.h"
-#include "testsupport/TempDir.h"
+#include "testsupport/DaoFixture.h"
+#include "testsupport/ErrorOf.h"
 
 using namespace platform::dao;
 using platform::Error;
 using platform::Ref;
 using platform::Variant;
+using testsupport::ErrorOf;
 
 namespace {
-
-template <class F>
-int ErrorOf(F&& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e.number;
-  }
-  return 0;
-}
 
 // Makes table `name` with an auto-numbered ID, a byte Flag defaulting to 0 and a memo
 // Problem that refuses "".
@@ -52,15 +43,13 @@ void AddRows(Database& db, const std::string& table, int count) {
   rs->Close();
 }
 
-class DatabaseTest : public ::testing::Test {
+class DatabaseTest : public testsupport::DaoTest {
  protected:
   void SetUp() override {
-    db = ws.CreateDatabase((dir.path() / "tmp.db").string(), dbLangGeneral, dbVersion30);
+    db = CreateDatabase("tmp.db");
     db->FavourSpeed();
     MakeTable(*db, "XMLAnalyzer1");
   }
-  testsupport::TempDir dir;
-  Workspace ws;
   Ref<Database> db;
 };
 

@@ -2,34 +2,25 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/dao/Workspace.h"
-#include "testsupport/TempDir.h"
+#include "testsupport/DaoFixture.h"
+#include "testsupport/ErrorOf.h"
 
 using namespace platform::dao;
 using platform::Error;
 using platform::Ref;
 using platform::Variant;
+using testsupport::ErrorOf;
 
 namespace {
-
-template <class F>
-int ErrorOf(F&& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e.number;
-  }
-  return 0;
-}
 
 // A database with table "Rows": ID (auto-numbered, primary), Flag (byte, default 0),
 // Code (text 5), Memo (memo, zero length allowed), Strict (memo, zero length refused),
 // Need (long, required).
-class RecordsetTest : public ::testing::Test {
+class RecordsetTest : public testsupport::DaoTest {
  protected:
   void SetUp() override {
-    path = (dir.path() / "r.db").string();
-    db = ws.CreateDatabase(path, dbLangGeneral, dbVersion30);
+    path = PathOf("r.db");
+    db = CreateDatabase("r.db");
     auto td = db->CreateTableDef("Rows");
     auto id = td->CreateField("ID", dbLong);
     id->SetAttributes(dbFixedField | dbAutoIncrField);
@@ -60,8 +51,6 @@ class RecordsetTest : public ::testing::Test {
     rs.Update();
   }
 
-  testsupport::TempDir dir;
-  Workspace ws;
   std::string path;
   Ref<Database> db;
 };

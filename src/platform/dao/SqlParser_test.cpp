@@ -4,19 +4,16 @@
 
 #include "platform/core/Error.h"
 #include "platform/dao/SqlTranslator.h"
+#include "testsupport/ErrorOf.h"
 
 using namespace platform::dao;
 using platform::Error;
 
 namespace {
 
-int ErrorOf(const std::string& text) {
-  try {
-    SqlParser::Parse(text);
-  } catch (const Error& e) {
-    return e.number;
-  }
-  return 0;
+// The number of the error the parser refuses `text` with; 0 when it takes it.
+int ParseError(const std::string& text) {
+  return testsupport::ErrorOf([&] { SqlParser::Parse(text); });
 }
 
 std::string Texts(const std::vector<SqlToken>& tokens) {
@@ -112,26 +109,26 @@ TEST(SqlParser, PlainStatementsAndTheirTranslation) {
 }
 
 TEST(SqlParser, FaultyStatementsGiveTheEnginesNumbers) {
-  EXPECT_EQ(ErrorOf("DROP TABLE x"), 3129);
-  EXPECT_EQ(ErrorOf(""), 3129);
-  EXPECT_EQ(ErrorOf("INSERT INTO"), 3134);
-  EXPECT_EQ(ErrorOf("INSERT INTO t SELECT"), 3134);
-  EXPECT_EQ(ErrorOf("UPDATE t"), 3144);
-  EXPECT_EQ(ErrorOf("UPDATE t SET a ="), 3144);
-  EXPECT_EQ(ErrorOf("SELECT FROM t"), 3075);
-  EXPECT_EQ(ErrorOf("SELECT a FROM"), 3131);
-  EXPECT_EQ(ErrorOf("DELETE FROM t WHERE a = \"x"), 3075);
-  EXPECT_EQ(ErrorOf("DELETE FROM t WHERE (a = 1"), 3075);
-  EXPECT_EQ(ErrorOf("DELETE FROM t WHERE TRUE garbage ("), 3075);
-  EXPECT_EQ(ErrorOf("SELECT a INTO b IN /no/quotes FROM t"), 3075);
-  EXPECT_EQ(ErrorOf("DELETE FROM t WHERE a = 1; DELETE FROM u"), 3075);
+  EXPECT_EQ(ParseError("DROP TABLE x"), 3129);
+  EXPECT_EQ(ParseError(""), 3129);
+  EXPECT_EQ(ParseError("INSERT INTO"), 3134);
+  EXPECT_EQ(ParseError("INSERT INTO t SELECT"), 3134);
+  EXPECT_EQ(ParseError("UPDATE t"), 3144);
+  EXPECT_EQ(ParseError("UPDATE t SET a ="), 3144);
+  EXPECT_EQ(ParseError("SELECT FROM t"), 3075);
+  EXPECT_EQ(ParseError("SELECT a FROM"), 3131);
+  EXPECT_EQ(ParseError("DELETE FROM t WHERE a = \"x"), 3075);
+  EXPECT_EQ(ParseError("DELETE FROM t WHERE (a = 1"), 3075);
+  EXPECT_EQ(ParseError("DELETE FROM t WHERE TRUE garbage ("), 3075);
+  EXPECT_EQ(ParseError("SELECT a INTO b IN /no/quotes FROM t"), 3075);
+  EXPECT_EQ(ParseError("DELETE FROM t WHERE a = 1; DELETE FROM u"), 3075);
   EXPECT_THROW(SqlTranslator::Expression(SqlParser::Parse("DELETE FROM t WHERE d = #1/1/2000#").where), Error);
 }
 
 TEST(SqlParser, AStatementOfQuotesEndsWithAnError) {
   std::string quotes(3000, '"');
-  EXPECT_NE(ErrorOf("SELECT a INTO b IN \"" + quotes + " FROM t IN \"" + quotes), 0);
-  EXPECT_NE(ErrorOf("INSERT INTO a IN \"" + quotes + "\" SELECT * FROM b IN \"" + quotes + " x"), 0);
+  EXPECT_NE(ParseError("SELECT a INTO b IN \"" + quotes + " FROM t IN \"" + quotes), 0);
+  EXPECT_NE(ParseError("INSERT INTO a IN \"" + quotes + "\" SELECT * FROM b IN \"" + quotes + " x"), 0);
   std::string brackets(3000, ']');
-  EXPECT_NE(ErrorOf("SELECT a INTO [Excel 8.0;" + brackets + ".[x] y"), 0);
+  EXPECT_NE(ParseError("SELECT a INTO [Excel 8.0;" + brackets + ".[x] y"), 0);
 }

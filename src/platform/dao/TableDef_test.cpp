@@ -1,26 +1,17 @@
 #include "platform/dao/TableDef.h"
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
-#include "platform/dao/Workspace.h"
-#include "testsupport/TempDir.h"
+#include "testsupport/DaoFixture.h"
+#include "testsupport/ErrorOf.h"
+#include "testsupport/RawSqlite.h"
 
 using namespace platform::dao;
 using platform::Error;
 using platform::Ref;
+using testsupport::ErrorOf;
 
 namespace {
-
-template <class F>
-int ErrorOf(F&& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e.number;
-  }
-  return 0;
-}
 
 Ref<Field> MakeField(const Ref<TableDef>& td, const std::string& name, int type,
                      std::optional<int32_t> size, int32_t attributes, const std::string& def,
@@ -66,14 +57,14 @@ Ref<TableDef> SampleTable(Database& db) {
   return td;
 }
 
+using TableDefTest = testsupport::DaoTest;
+
 }  // namespace
 
-TEST(TableDef, EveryPropertyReadsBackAfterReopening) {
-  testsupport::TempDir dir;
-  Workspace ws;
-  auto path = (dir.path() / "t.db").string();
+TEST_F(TableDefTest, EveryPropertyReadsBackAfterReopening) {
+  auto path = PathOf("t.db");
   {
-    auto db = ws.CreateDatabase(path, dbLangGeneral);
+    auto db = CreateDatabase("t.db");
     auto td = SampleTable(*db);
     db->TableDefs()->Append(td);
     EXPECT_FALSE(td->Updatable());
@@ -130,25 +121,13 @@ TEST(TableDef, EveryPropertyReadsBackAfterReopening) {
   EXPECT_EQ(ErrorOf([&] { fields->Item("ID")->SetType(dbText); }), 3219);
 }
 
-TEST(TableDef, SqliteItselfSeesTheColumnsConstraintsAndIndexes) {
-  testsupport::TempDir dir;
-  Workspace ws;
-  auto path = (dir.path() / "t.db").string();
-  auto db = ws.CreateDatabase(path, dbLangGeneral);
+TEST_F(TableDefTest, SqliteItselfSeesTheColumnsConstraintsAndIndexes) {
+  auto path = PathOf("t.db");
+  auto db = CreateDatabase("t.db");
   db->TableDefs()->Append(SampleTable(*db));
   db->Close();
 
-  sqlite3* raw = nullptr;
-  ASSERT_EQ(sqlite3_open(path.c_str(), &raw), SQLITE_OK);
-  auto one = [&](const std::string& sql) {
-    sqlite3_stmt* stmt = nullptr;
-    sqlite3_prepare_v2(raw, sql.c_str(), -1, &stmt, nullptr);
-    std::string out;
-    if (sqlite3_step(stmt) == SQLITE_ROW && sqlite3_column_text(stmt, 0))
-      out = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
-    sqlite3_finalize(stmt);
-    return out;
-  };
+  auto one = [&](const std::string& sql) { return testsupport::RawText(path, sql); };
   EXPECT_EQ(one("SELECT group_concat(name || ':' || type || ':' || \"notnull\" || ':' || pk || ':' || "
                 "ifnull(dflt_value, '-'), ' ') FROM pragma_table_info('Sample')"),
             "ID:INTEGER:1:1:- Small:TINYINT:0:0:7 Name:VARCHAR(20):0:0:'none' Notes:TEXT:0:0:- "
@@ -156,16 +135,13 @@ TEST(TableDef, SqliteItselfSeesTheColumnsConstraintsAndIndexes) {
   EXPECT_EQ(one("SELECT count(*) FROM sqlite_sequence WHERE name='Sample'"), "0");  // AUTOINCREMENT
   EXPECT_EQ(one("SELECT \"unique\" || partial FROM pragma_index_list('Sample')"), "11");
   // The zero-length rule holds for SQL written by anyone: "" is refused in Name.
-  EXPECT_NE(sqlite3_exec(raw, "INSERT INTO Sample(Name, Amount) VALUES ('', 1)", nullptr, nullptr, nullptr), SQLITE_OK);
-  EXPECT_EQ(sqlite3_exec(raw, "INSERT INTO Sample(Notes, Amount) VALUES ('', 1)", nullptr, nullptr, nullptr), SQLITE_OK);
+  EXPECT_NE(testsupport::RawExec(path, "INSERT INTO Sample(Name, Amount) VALUES ('', 1)"), "");
+  EXPECT_EQ(testsupport::RawExec(path, "INSERT INTO Sample(Notes, Amount) VALUES ('', 1)"), "");
   EXPECT_EQ(one("SELECT Small || Name || Done FROM Sample"), "7none0");
-  sqlite3_close(raw);
 }
 
-TEST(TableDef, DefinitionsTheEngineWouldRefuseAreRefusedWithItsNumbers) {
-  testsupport::TempDir dir;
-  Workspace ws;
-  auto db = ws.CreateDatabase((dir.path() / "t.db").string(), dbLangGeneral);
+TEST_F(TableDefTest, DefinitionsTheEngineWouldRefuseAreRefusedWithItsNumbers) {
+  auto db = CreateDatabase("t.db");
   auto tables = db->TableDefs();
 
   auto empty = db->CreateTableDef("Empty");

@@ -1,55 +1,29 @@
 #include "platform/dao/Workspace.h"
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <filesystem>
 
-#include "testsupport/TempDir.h"
+#include "testsupport/DaoFixture.h"
+#include "testsupport/ErrorOf.h"
+#include "testsupport/RawSqlite.h"
 
 using namespace platform::dao;
 using platform::Error;
+using testsupport::ErrorOf;
 
 namespace {
 
-template <class F>
-int ErrorOf(F&& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e.number;
-  }
-  return 0;
-}
+using WorkspaceTest = testsupport::DaoTest;
 
 // Runs SQL on a file through SQLite itself, as another program would have made it.
 void RawSql(const std::filesystem::path& file, const std::string& sql) {
-  sqlite3* db = nullptr;
-  ASSERT_EQ(sqlite3_open(file.c_str(), &db), SQLITE_OK);
-  char* message = nullptr;
-  int rc = sqlite3_exec(db, sql.c_str(), nullptr, nullptr, &message);
-  std::string text = message ? message : "";
-  sqlite3_free(message);
-  sqlite3_close(db);
-  ASSERT_EQ(rc, SQLITE_OK) << text;
-}
-
-int64_t RawCount(const std::filesystem::path& file, const std::string& sql) {
-  sqlite3* db = nullptr;
-  sqlite3_open(file.c_str(), &db);
-  sqlite3_stmt* stmt = nullptr;
-  sqlite3_prepare_v2(db, sql.c_str(), -1, &stmt, nullptr);
-  int64_t n = sqlite3_step(stmt) == SQLITE_ROW ? sqlite3_column_int64(stmt, 0) : -1;
-  sqlite3_finalize(stmt);
-  sqlite3_close(db);
-  return n;
+  ASSERT_EQ(testsupport::RawExec(file, sql), "");
 }
 
 }  // namespace
 
-TEST(Workspace, CreateDatabaseRefusesAnExistingFileAndAMissingFolder) {
-  testsupport::TempDir dir;
-  Workspace ws;
+TEST_F(WorkspaceTest, CreateDatabaseRefusesAnExistingFileAndAMissingFolder) {
   auto path = (dir.path() / "a.xmm").string();
   auto db = ws.CreateDatabase(path, dbLangGeneral, dbVersion30);
   EXPECT_EQ(db->Name(), path);
@@ -63,9 +37,7 @@ TEST(Workspace, CreateDatabaseRefusesAnExistingFileAndAMissingFolder) {
   EXPECT_FALSE(std::filesystem::exists(dir.path() / "e.xmm"));
 }
 
-TEST(Workspace, NamesThatLookSpecialToSqliteAreOrdinaryFiles) {
-  testsupport::TempDir dir;
-  Workspace ws;
+TEST_F(WorkspaceTest, NamesThatLookSpecialToSqliteAreOrdinaryFiles) {
   auto previous = std::filesystem::current_path();
   std::filesystem::current_path(dir.path());
   ws.CreateDatabase("file:x?mode=memory", dbLangGeneral)->Close();
@@ -75,9 +47,7 @@ TEST(Workspace, NamesThatLookSpecialToSqliteAreOrdinaryFiles) {
   std::filesystem::current_path(previous);
 }
 
-TEST(Workspace, BadFilesGiveDaoErrorsNotCrashes) {
-  testsupport::TempDir dir;
-  Workspace ws;
+TEST_F(WorkspaceTest, BadFilesGiveDaoErrorsNotCrashes) {
   EXPECT_EQ(ErrorOf([&] { ws.OpenDatabase((dir.path() / "missing.xmm").string()); }), 3024);
   EXPECT_EQ(ErrorOf([&] { ws.OpenDatabase(dir.path().string()); }), 3024);
   EXPECT_EQ(ErrorOf([&] { ws.OpenDatabase(""); }), 3044);
@@ -113,12 +83,10 @@ TEST(Workspace, BadFilesGiveDaoErrorsNotCrashes) {
   EXPECT_FALSE(std::filesystem::exists(dir.path() / "nowhere"));
 }
 
-TEST(Workspace, AFileWithoutTheExpectedTablesOpensButHasNoneOfThem) {
-  testsupport::TempDir dir;
+TEST_F(WorkspaceTest, AFileWithoutTheExpectedTablesOpensButHasNoneOfThem) {
   auto file = dir.path() / "other.db";
   RawSql(file, "CREATE TABLE People(Id INTEGER PRIMARY KEY, Name VARCHAR(40) NOT NULL DEFAULT 'x',"
                " Notes TEXT, Born DATETIME); INSERT INTO People(Name) VALUES ('Ada')");
-  Workspace ws;
   auto db = ws.OpenDatabase(file.string());
   EXPECT_EQ(ErrorOf([&] { db->OpenRecordset("XMLAnalyzer1", dbOpenDynaset); }), 3078);
   EXPECT_EQ(ErrorOf([&] { db->TableDefs()->Item("XMLAnalyzer1"); }), 3265);
@@ -138,8 +106,7 @@ TEST(Workspace, AFileWithoutTheExpectedTablesOpensButHasNoneOfThem) {
   EXPECT_EQ(rs->Fields("Name")->Value(), platform::Variant("Ada"));
 }
 
-TEST(Workspace, TriggersViewsAndHostileSchemasOfAForeignFileDoNotRun) {
-  testsupport::TempDir dir;
+TEST_F(WorkspaceTest, TriggersViewsAndHostileSchemasOfAForeignFileDoNotRun) {
   auto file = dir.path() / "hostile.xmm";
   auto marker = dir.path() / "marker.db";
   RawSql(file,
@@ -162,7 +129,6 @@ TEST(Workspace, TriggersViewsAndHostileSchemasOfAForeignFileDoNotRun) {
          "INSERT INTO MSysDaoIndexFields VALUES ('T', 'Ghost', 0, 'NoSuchColumn', 0);");
   RawSql(file, "ATTACH '" + marker.string() + "' AS m; CREATE TABLE m.Hit(x)");
 
-  Workspace ws;
   auto db = ws.OpenDatabase(file.string());
   auto table = db->TableDefs()->Item("T");
   ASSERT_EQ(table->Fields()->Count(), 2);
@@ -178,6 +144,6 @@ TEST(Workspace, TriggersViewsAndHostileSchemasOfAForeignFileDoNotRun) {
   EXPECT_EQ(ErrorOf([&] { db->Execute("DELETE * FROM T WHERE TRUE", dbFailOnError); }), 0);
   EXPECT_NE(ErrorOf([&] { db->Execute("DELETE * FROM V WHERE TRUE", dbFailOnError); }), 0);
   db->Close();
-  EXPECT_EQ(RawCount(file, "SELECT count(*) FROM Log"), 0);  // no trigger ran
-  EXPECT_EQ(RawCount(file, "SELECT count(*) FROM T"), 0);    // the RAISE trigger did not stop it
+  EXPECT_EQ(testsupport::RawText(file, "SELECT count(*) FROM Log"), "0");  // no trigger ran
+  EXPECT_EQ(testsupport::RawText(file, "SELECT count(*) FROM T"), "0");    // the RAISE trigger did not stop it
 }

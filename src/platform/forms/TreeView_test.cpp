@@ -4,9 +4,12 @@
 
 #include "platform/core/Error.h"
 #include "platform/forms/Form.h"
+#include "testsupport/ErrorOf.h"
 
 namespace platform::forms {
 namespace {
+
+using testsupport::ErrorOf;
 
 class TreeForm : public Form {
  public:
@@ -14,15 +17,6 @@ class TreeForm : public Form {
   ImageList icons{*this, "ImageList1"};
   TreeView tree{*this, "TreeView1"};
 };
-
-int ErrorNumber(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const platform::Error& e) {
-    return e.number;
-  }
-  return 0;
-}
 
 TEST(TreeViewTest, NodesWithKeysChildrenAndLinks) {
   TreeForm f;
@@ -43,7 +37,7 @@ TEST(TreeViewTest, NodesWithKeysChildrenAndLinks) {
   EXPECT_EQ(cls->Children(), 2);
   EXPECT_EQ(method->Child(), nullptr);
   // Reading through a missing link fails as the control does.
-  EXPECT_EQ(ErrorNumber([&] { (void)method->Child()->Text; }), err::kObjectNotSet);
+  EXPECT_EQ(ErrorOf([&] { (void)method->Child()->Text; }), err::kObjectNotSet);
   EXPECT_EQ(f.tree.Item("TClass*remarks")->Index(), 3);
   f.tree.Add("CClass", tvwPrevious, "CFirst", "First");
   EXPECT_EQ(f.tree.FirstRoot()->Key, "CFirst");
@@ -52,13 +46,13 @@ TEST(TreeViewTest, NodesWithKeysChildrenAndLinks) {
 TEST(TreeViewTest, DuplicateKeyFailsWith35602AndMissingOnesWith35601) {
   TreeForm f;
   f.tree.Add("", tvwLast, "CEnum", "Enum");
-  EXPECT_EQ(ErrorNumber([&] { f.tree.Add("", tvwLast, "CEnum", "Enum"); }), 35602);
-  EXPECT_EQ(ErrorNumber([&] { f.tree.Add("CNone", tvwChild, "x", "x"); }), 35601);
-  EXPECT_EQ(ErrorNumber([&] { f.tree.Item("CNone"); }), 35601);
+  EXPECT_EQ(ErrorOf([&] { f.tree.Add("", tvwLast, "CEnum", "Enum"); }), 35602);
+  EXPECT_EQ(ErrorOf([&] { f.tree.Add("CNone", tvwChild, "x", "x"); }), 35601);
+  EXPECT_EQ(ErrorOf([&] { f.tree.Item("CNone"); }), 35601);
   f.tree.Icons = &f.icons;
-  EXPECT_EQ(ErrorNumber([&] { f.tree.Add("", tvwLast, "y", "y", "imgNone"); }), 35601);
+  EXPECT_EQ(ErrorOf([&] { f.tree.Add("", tvwLast, "y", "y", "imgNone"); }), 35601);
   EXPECT_EQ(f.tree.Count(), 1);
-  EXPECT_EQ(ErrorNumber([&] { f.icons.Add("a", "a"); f.icons.Add("a", "b"); }), 35602);
+  EXPECT_EQ(ErrorOf([&] { f.icons.Add("a", "a"); f.icons.Add("a", "b"); }), 35602);
 }
 
 TEST(TreeViewTest, CheckBoxesFollowTheStatePictures) {
@@ -78,7 +72,7 @@ TEST(TreeViewTest, CheckBoxesFollowTheStatePictures) {
   EXPECT_EQ(checked.size(), 2u);
   kind->SetChecked(false);  // as the control does: the kind node now shows a box
   EXPECT_EQ(kind->StateImage(), 1);
-  EXPECT_EQ(ErrorNumber([&] { f.tree.SetStateImage(*kind, 3); }), err::kInvalidCall);
+  EXPECT_EQ(ErrorOf([&] { f.tree.SetStateImage(*kind, 3); }), err::kInvalidCall);
 }
 
 TEST(TreeViewTest, UnloadingTheFormEmptiesTheTree) {

@@ -7,7 +7,8 @@
 namespace platform::grammar {
 namespace {
 
-std::string ErrorOf(const std::string& text) {
+// The message GrammarReader fails on `text` with (and checks that it kept no rule).
+std::string ReadError(const std::string& text) {
   Grammar g;
   std::string error;
   EXPECT_FALSE(GrammarReader::Read(text, "t.gmr", g, error)) << text;
@@ -47,38 +48,38 @@ TEST(GrammarReaderTest, AmbiguousBareNameFindsNothing) {
 }
 
 TEST(GrammarReaderTest, ReportsWhereTheGrammarIsWrong) {
-  EXPECT_EQ(ErrorOf("grammar G\nA <- B\n"), "t.gmr:2:6: undefined rule 'B'");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- X.B\ngrammar X\nC <- 'c'\n"),
+  EXPECT_EQ(ReadError("grammar G\nA <- B\n"), "t.gmr:2:6: undefined rule 'B'");
+  EXPECT_EQ(ReadError("grammar G\nA <- X.B\ngrammar X\nC <- 'c'\n"),
             "t.gmr:2:6: undefined rule 'X.B'");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- 'abc\n"), "t.gmr:2:6: unterminated literal");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- ('a' 'b'\n"), "t.gmr:3:1: expected ')'");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- < 'a'\n"), "t.gmr:3:1: expected '>' to close '<'");
-  EXPECT_EQ(ErrorOf("grammar G\nA 'a'\n"), "t.gmr:2:3: expected '<-' after the rule name 'A'");
-  EXPECT_EQ(ErrorOf("A <- 'a'\n"),
+  EXPECT_EQ(ReadError("grammar G\nA <- 'abc\n"), "t.gmr:2:6: unterminated literal");
+  EXPECT_EQ(ReadError("grammar G\nA <- ('a' 'b'\n"), "t.gmr:3:1: expected ')'");
+  EXPECT_EQ(ReadError("grammar G\nA <- < 'a'\n"), "t.gmr:3:1: expected '>' to close '<'");
+  EXPECT_EQ(ReadError("grammar G\nA 'a'\n"), "t.gmr:2:3: expected '<-' after the rule name 'A'");
+  EXPECT_EQ(ReadError("A <- 'a'\n"),
             "t.gmr:1:1: rule 'A' outside of a grammar; expected 'grammar Name' first");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- 'a'\nA <- 'b'\n"),
+  EXPECT_EQ(ReadError("grammar G\nA <- 'a'\nA <- 'b'\n"),
             "t.gmr:3:1: rule 'A' is defined twice in grammar 'G'");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- '\\q'\n"), "t.gmr:2:7: unknown escape '\\q'");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- [z-a]\n"), "t.gmr:2:6: class range out of order");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- [abc\n"), "t.gmr:2:6: unterminated class");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- 'a' )\n"), "t.gmr:2:10: unexpected ')'");
-  EXPECT_EQ(ErrorOf("grammar G\nA <-\n"), "t.gmr:3:1: rule 'A' has no expression");
-  EXPECT_EQ(ErrorOf(""), "t.gmr:1:1: no rules in the grammar file");
-  EXPECT_EQ(ErrorOf("grammar G\ngrammar G\nA <- 'a'"), "t.gmr:2:9: grammar 'G' is declared twice");
+  EXPECT_EQ(ReadError("grammar G\nA <- '\\q'\n"), "t.gmr:2:7: unknown escape '\\q'");
+  EXPECT_EQ(ReadError("grammar G\nA <- [z-a]\n"), "t.gmr:2:6: class range out of order");
+  EXPECT_EQ(ReadError("grammar G\nA <- [abc\n"), "t.gmr:2:6: unterminated class");
+  EXPECT_EQ(ReadError("grammar G\nA <- 'a' )\n"), "t.gmr:2:10: unexpected ')'");
+  EXPECT_EQ(ReadError("grammar G\nA <-\n"), "t.gmr:3:1: rule 'A' has no expression");
+  EXPECT_EQ(ReadError(""), "t.gmr:1:1: no rules in the grammar file");
+  EXPECT_EQ(ReadError("grammar G\ngrammar G\nA <- 'a'"), "t.gmr:2:9: grammar 'G' is declared twice");
 }
 
 TEST(GrammarReaderTest, RefusesGrammarsThatWouldNeverEnd) {
-  EXPECT_EQ(ErrorOf("grammar G\nA <- B 'x'\nB <- 'y'? A\n"), "t.gmr:2:1: rule 'A' is left-recursive");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- A\n"), "t.gmr:2:1: rule 'A' is left-recursive");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- ('a'?)*\n"),
+  EXPECT_EQ(ReadError("grammar G\nA <- B 'x'\nB <- 'y'? A\n"), "t.gmr:2:1: rule 'A' is left-recursive");
+  EXPECT_EQ(ReadError("grammar G\nA <- A\n"), "t.gmr:2:1: rule 'A' is left-recursive");
+  EXPECT_EQ(ReadError("grammar G\nA <- ('a'?)*\n"),
             "t.gmr:2:6: repetition of an expression that can match nothing");
-  EXPECT_EQ(ErrorOf("grammar G\nA <- (!'a')+\n"),
+  EXPECT_EQ(ReadError("grammar G\nA <- (!'a')+\n"),
             "t.gmr:2:6: repetition of an expression that can match nothing");
 }
 
 TEST(GrammarReaderTest, RefusesDeepNestingInsteadOfOverflowing) {
   std::string deep = "grammar G\nA <- " + std::string(5000, '(') + "'a'" + std::string(5000, ')');
-  EXPECT_NE(ErrorOf(deep).find("nested too deeply"), std::string::npos);
+  EXPECT_NE(ReadError(deep).find("nested too deeply"), std::string::npos);
 }
 
 TEST(GrammarReaderTest, LongChainsOfRulesDoNotExhaustTheStack) {
@@ -88,9 +89,9 @@ TEST(GrammarReaderTest, LongChainsOfRulesDoNotExhaustTheStack) {
   Grammar g;
   std::string error;
   EXPECT_TRUE(GrammarReader::Read(chain + "R4000 <- 'y'\n", "t", g, error)) << error;
-  EXPECT_EQ(ErrorOf(chain + "R4000 <- R0\n"), "t.gmr:2:1: rule 'R0' is left-recursive");
+  EXPECT_EQ(ReadError(chain + "R4000 <- R0\n"), "t.gmr:2:1: rule 'R0' is left-recursive");
   for (int i = 4001; i < 5000; ++i) chain += "R" + std::to_string(i) + " <- 'z'\n";
-  EXPECT_EQ(ErrorOf(chain + "R4000 <- 'y'\n"),
+  EXPECT_EQ(ReadError(chain + "R4000 <- 'y'\n"),
             "t.gmr: grammar too large (at most 4096 rules and 65536 expressions)");
 }
 

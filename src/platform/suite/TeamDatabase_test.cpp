@@ -8,14 +8,13 @@
 #include "platform/dao/Database.h"
 #include "platform/dao/Field.h"
 #include "platform/dao/Recordset.h"
-#include "platform/dao/Workspace.h"
 #include "platform/suite/XMLCommentTemplatesManager.h"
-#include "testsupport/TempDir.h"
+#include "testsupport/DaoFixture.h"
 
 namespace platform::suite {
 namespace {
 
-class TeamDatabaseTest : public ::testing::Test {
+class TeamDatabaseTest : public testsupport::DaoTest {
  protected:
   std::string Run(const std::vector<std::string>& args, int expected = 0) {
     XMLCommentTemplatesManager manager;
@@ -25,15 +24,13 @@ class TeamDatabaseTest : public ::testing::Test {
     m_err = err.str();
     return out.str();
   }
-  testsupport::TempDir m_dir;
-  dao::Workspace m_ws;
   Ref<dao::Database> m_db;
   std::string m_err;
 };
 
 TEST_F(TeamDatabaseTest, MissingFileIsMadeWithTheDefaultTemplates) {
-  auto path = (m_dir.path() / "sub" / "team.db").string();
-  m_db = TeamDatabase::OpenOrCreate(m_ws, path);
+  auto path = (dir.path() / "sub" / "team.db").string();
+  m_db = TeamDatabase::OpenOrCreate(ws, path);
   EXPECT_EQ(Run({"list"}),
             "enabled   Class\nenabled   Delegate\nenabled   Enum\nenabled   Method\n"
             "enabled   Interface\nenabled   Module\ndisabled  Namespace\nenabled   Structure\n"
@@ -44,10 +41,10 @@ TEST_F(TeamDatabaseTest, MissingFileIsMadeWithTheDefaultTemplates) {
   EXPECT_EQ(Run({"show", "Field (variable, constant)"}), "<summary></summary>\n");
   m_db->Close();
   // Opened again, not made again: changes stay.
-  m_db = TeamDatabase::OpenOrCreate(m_ws, path);
+  m_db = TeamDatabase::OpenOrCreate(ws, path);
   Run({"disable", "Class"});
   m_db->Close();
-  m_db = TeamDatabase::OpenOrCreate(m_ws, path);
+  m_db = TeamDatabase::OpenOrCreate(ws, path);
   EXPECT_EQ(Run({"list"}).substr(0, 16), "disabled  Class\n");
 }
 

@@ -10,14 +10,13 @@
 #include "platform/dao/Database.h"
 #include "platform/dao/Field.h"
 #include "platform/dao/Recordset.h"
-#include "platform/dao/Workspace.h"
 #include "platform/suite/XMLCommentTemplatesManager.h"
-#include "testsupport/TempDir.h"
+#include "testsupport/DaoFixture.h"
 
 namespace platform::suite {
 namespace {
 
-class TemplatesManagerTest : public ::testing::Test {
+class TemplatesManagerTest : public testsupport::DaoTest {
  protected:
   std::string Run(const std::vector<std::string>& args, int expected = 0) {
     XMLCommentTemplatesManager manager;
@@ -27,14 +26,12 @@ class TemplatesManagerTest : public ::testing::Test {
     m_err = err.str();
     return out.str();
   }
-  testsupport::TempDir m_dir;
-  dao::Workspace m_ws;
   Ref<dao::Database> m_db;
   std::string m_err;
 };
 
 TEST_F(TemplatesManagerTest, ManagerEditsTemplates) {
-  m_db = TeamDatabase::OpenOrCreate(m_ws, (m_dir.path() / "team.db").string());
+  m_db = TeamDatabase::OpenOrCreate(ws, (dir.path() / "team.db").string());
   EXPECT_EQ(Run({"enable", "Namespace"}), "Namespace: enabled\n");
   EXPECT_EQ(Run({"set", "Event", "<summary></summary><remarks></remarks>"}), "Event: template set\n");
   EXPECT_EQ(Run({"show", "Event"}), "<summary></summary><remarks></remarks>\n");
@@ -44,7 +41,7 @@ TEST_F(TemplatesManagerTest, ManagerEditsTemplates) {
 }
 
 TEST_F(TemplatesManagerTest, MissingKindRecordIsAdded) {
-  m_db = m_ws.CreateDatabase((m_dir.path() / "t.db").string(), "");
+  m_db = ws.CreateDatabase((dir.path() / "t.db").string(), "");
   TeamDatabase::CreateTemplateTable(*m_db, {{"Class", "<summary/>", true}});
   EXPECT_EQ(Run({"set", "Enum", "<summary></summary>"}), "Enum: template set\n");
   EXPECT_EQ(Run({"disable", "Module"}), "Module: disabled\n");
@@ -53,21 +50,21 @@ TEST_F(TemplatesManagerTest, MissingKindRecordIsAdded) {
 }
 
 TEST_F(TemplatesManagerTest, WrongKindsOperationsAndDatabasesAreReported) {
-  m_db = TeamDatabase::OpenOrCreate(m_ws, (m_dir.path() / "team.db").string());
+  m_db = TeamDatabase::OpenOrCreate(ws, (dir.path() / "team.db").string());
   Run({"show", "class"}, 2);  // kind names are exact
   EXPECT_NE(m_err.find("unknown kind 'class'"), std::string::npos);
   Run({"set", "Enum"}, 2);
   Run({"rename", "Enum"}, 2);
   Run({}, 2);
   EXPECT_NE(m_err.find("usage: annotra templates"), std::string::npos);
-  m_db = m_ws.CreateDatabase((m_dir.path() / "empty.db").string(), "");
+  m_db = ws.CreateDatabase((dir.path() / "empty.db").string(), "");
   Run({"list"}, 3);
   Run({"enable", "Enum"}, 3);
   EXPECT_NE(m_err.find("cannot change the XML comment template of Enum"), std::string::npos);
 }
 
 TEST_F(TemplatesManagerTest, ShowListsAndExplains) {
-  m_db = TeamDatabase::OpenOrCreate(m_ws, (m_dir.path() / "team.db").string());
+  m_db = TeamDatabase::OpenOrCreate(ws, (dir.path() / "team.db").string());
   XMLCommentTemplatesManager manager;
   manager.Init(nullptr, nullptr, nullptr, nullptr, nullptr, m_db, nullptr);
   std::ostringstream out, err;
