@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "analysis/WalkFixture.h"
+#include "testsupport/WalkFixture.h"
 #include "platform/win32/Keyboard.h"
 
 namespace annotra::walktest {

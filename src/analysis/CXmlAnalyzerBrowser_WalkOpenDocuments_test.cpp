@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "analysis/WalkFixture.h"
+#include "testsupport/WalkFixture.h"
 
 namespace annotra::walktest {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "analysis/WalkFixture.h"
+#include "testsupport/WalkFixture.h"
 
 namespace annotra::walktest {
 namespace {

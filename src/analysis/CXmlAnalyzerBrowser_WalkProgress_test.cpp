@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "analysis/CEstimate.h"
-#include "analysis/WalkFixture.h"
+#include "testsupport/WalkFixture.h"
 #include "platform/suite/ProgressObject.h"
 
 namespace annotra::walktest {

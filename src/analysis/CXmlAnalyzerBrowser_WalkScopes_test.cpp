@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "analysis/WalkFixture.h"
+#include "testsupport/WalkFixture.h"
 #include "platform/automation/AutomationConstants.h"
 #include "platform/automation/Window.h"
 #include "platform/codemodel/CodeModelConstants.h"

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "analysis/CEstimate.h"
-#include "analysis/WalkFixture.h"
+#include "testsupport/WalkFixture.h"
 #include "platform/codemodel/CodeModelConstants.h"
 
 namespace annotra::walktest {
