@@ -4,12 +4,12 @@
 #include <array>
 #include <map>
 
-#include "platform/codemodel/CodeModelJson.h"
+#include "platform/core/Json.h"
 
 namespace app {
 namespace {
 
-using platform::codemodel::AppendJsonString;
+using platform::AppendJsonString;
 
 std::string Json(const std::string& s) {
   std::string out;

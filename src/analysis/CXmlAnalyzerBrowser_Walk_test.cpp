@@ -12,10 +12,10 @@
 #include "analysis/CXmlAnalyzerBrowser.h"
 #include "host/MGlobals.h"
 #include "platform/automation/AutomationConstants.h"
+#include "platform/automation/CodeElement.h"
 #include "platform/automation/SolutionLoader.h"
 #include "platform/automation/StatusBar.h"
 #include "platform/automation/Window.h"
-#include "platform/codemodel/CodeElement.h"
 #include "platform/codemodel/CodeModelConstants.h"
 #include "platform/forms/MessageBox.h"
 #include "platform/suite/ErrorReport.h"
@@ -29,7 +29,6 @@ namespace {
 
 using namespace platform::automation;
 using platform::Ref;
-using platform::codemodel::CodeElement;
 using testsupport::ItemAt;
 using testsupport::LegacyProjectFile;
 using testsupport::OpenInHost;

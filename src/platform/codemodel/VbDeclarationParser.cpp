@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "platform/codemodel/CodeModelConstants.h"
 #include "platform/codemodel/DocComment.h"
 #include "platform/codemodel/VbTypeText.h"
 
@@ -313,8 +314,8 @@ void SkipToComma(Cursor& c) {
 
 }  // namespace
 
-VbDeclarationParser::VbDeclarationParser(FileCodeModel& model)
-    : m_model(model), m_text(model.Text()), m_lexer(model.Text()) {}
+VbDeclarationParser::VbDeclarationParser(DeclarationTree& tree)
+    : m_tree(tree), m_text(tree.Text()), m_lexer(tree.Text()) {}
 
 std::string VbDeclarationParser::DocText(const std::vector<VbSpan>& docs) const {
   if (docs.empty()) return "";
@@ -329,14 +330,14 @@ std::string VbDeclarationParser::DocText(const std::vector<VbSpan>& docs) const 
   return WrapDocComment(lines);
 }
 
-CodeElement& VbDeclarationParser::Add(CodeElement* parent, int kind, uint32_t start, uint32_t end,
+Declaration& VbDeclarationParser::Add(Declaration* parent, int kind, uint32_t start, uint32_t end,
                                       const std::vector<Attribute>& attributes, const std::vector<VbSpan>& docs) {
-  CodeElement& e = m_model.AddElement(parent, kind);
+  Declaration& e = m_tree.AddDeclaration(parent, kind);
   e.start = start;
   e.end = end;
   e.docComment = DocText(docs);
   for (const Attribute& a : attributes) {
-    CodeElement& attr = m_model.AddAttribute(e);
+    Declaration& attr = m_tree.AddAttribute(e);
     attr.name = a.name;
     attr.start = a.start;
     attr.end = a.end;
@@ -374,7 +375,7 @@ size_t VbDeclarationParser::ReadAttributes(const VbStatement& st, size_t i, std:
       }
       Attribute a{nameBegin->offset, attrEnd, VbJoinTokens(m_text, nameBegin, nameEnd)};
       if (target) {
-        CodeElement& e = m_model.AddElement(nullptr, vsCMElementAttribute);
+        Declaration& e = m_tree.AddDeclaration(nullptr, vsCMElementAttribute);
         e.name = std::move(a.name);
         e.start = a.start;
         e.end = a.end;
@@ -434,7 +435,7 @@ VbKeyword VbDeclarationParser::EndKeyword(const VbStatement& st) {
   return VbKeyword::End;
 }
 
-void VbDeclarationParser::ReadEnumMember(const VbStatement& st, CodeElement& owner) {
+void VbDeclarationParser::ReadEnumMember(const VbStatement& st, Declaration& owner) {
   std::vector<Attribute> attributes;
   std::vector<VbSpan> docs;
   bool pending = !m_pendingAttributes.empty();
@@ -451,13 +452,13 @@ void VbDeclarationParser::ReadEnumMember(const VbStatement& st, CodeElement& own
   }
   const VbToken& name = st.tokens[i];
   if (!IsName(name)) return;
-  CodeElement& e = Add(&owner, vsCMElementVariable, name.offset, st.end(), attributes, pending ? docs : st.docComments);
+  Declaration& e = Add(&owner, vsCMElementVariable, name.offset, st.end(), attributes, pending ? docs : st.docComments);
   e.name = std::string(m_text.substr(name.offset, name.length));
   e.access = vsCMAccessPublic;
   e.prototypeType = owner.name;
 }
 
-VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, CodeElement* parent) {
+VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Declaration* parent) {
   VbDeclaration d;
   std::vector<Attribute> attributes;
   std::vector<VbSpan> pendingDocs;
@@ -487,8 +488,8 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
   Modifiers m = ReadModifiers(c);
   if (c.Done()) return d;
   const bool inType = InType(where);
-  auto add = [&](int kind) -> CodeElement& {
-    CodeElement& e = Add(parent, kind, start, end, attributes, docs);
+  auto add = [&](int kind) -> Declaration& {
+    Declaration& e = Add(parent, kind, start, end, attributes, docs);
     d.elements.push_back(&e);
     return e;
   };
@@ -502,7 +503,7 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
 
     case VbKeyword::Namespace: {
       ++c.p;
-      CodeElement& e = add(vsCMElementNamespace);
+      Declaration& e = add(vsCMElementNamespace);
       e.name = VbJoinTokens(text, c.p, c.end);
       d.what = VbDeclaration::What::Block;
       d.block = VbBlock::Namespace;
@@ -527,7 +528,7 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
         d.block = what.second;
       }
       char typeChar;
-      CodeElement& e = add(kind);
+      Declaration& e = add(kind);
       e.name = ReadName(c, text, &typeChar);
       e.access = TypeAccess(m, where);
       d.what = VbDeclaration::What::Block;
@@ -558,7 +559,7 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
       bool hasBody = where != VbBlock::Interface && !m.mustOverride;
       d.what = hasBody ? VbDeclaration::What::Body : VbDeclaration::What::Single;
       if (!inType || name.empty()) return d;  // out of place: its body is skipped all the same
-      CodeElement& e = add(vsCMElementFunction);
+      Declaration& e = add(vsCMElementFunction);
       e.name = std::move(name);
       e.access = MemberAccess(m);
       e.parameters = std::move(params);
@@ -581,7 +582,7 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
       d.endKeyword = VbKeyword::Operator;
       d.what = where != VbBlock::Interface && !m.mustOverride ? VbDeclaration::What::Body : VbDeclaration::What::Single;
       if (!inType || symbol.empty()) return d;
-      CodeElement& e = add(vsCMElementFunction);
+      Declaration& e = add(vsCMElementFunction);
       bool conversion = symbol.size() == 5 && LookupVbKeyword(symbol) == VbKeyword::None &&
                         (symbol[0] | 0x20) == 'c' && (symbol[1] | 0x20) == 't' && (symbol[2] | 0x20) == 'y' &&
                         (symbol[3] | 0x20) == 'p' && (symbol[4] | 0x20) == 'e';
@@ -606,7 +607,7 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
       d.what = where == VbBlock::Interface || m.mustOverride ? VbDeclaration::What::Single
                                                             : VbDeclaration::What::PropertyHeader;
       if (!inType || name.empty()) return d;
-      CodeElement& e = add(vsCMElementProperty);
+      Declaration& e = add(vsCMElementProperty);
       e.name = std::move(name);
       e.access = MemberAccess(m);
       if (!params.empty()) e.parameters = std::move(params);
@@ -625,7 +626,7 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
       d.endKeyword = VbKeyword::Event;
       d.what = m.custom && where != VbBlock::Interface ? VbDeclaration::What::Body : VbDeclaration::What::Single;
       if (!inType || name.empty()) return d;
-      CodeElement& e = add(vsCMElementEvent);
+      Declaration& e = add(vsCMElementEvent);
       e.name = std::move(name);
       e.access = MemberAccess(m);
       if (!params.empty()) e.parameters = std::move(params);
@@ -650,7 +651,7 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
         type = ReadAsClause(c, text);
         if (type.empty()) type = typeChar ? std::string(VbTypeOfTypeChar(typeChar)) : "Object";
       }
-      CodeElement& e = add(vsCMElementDelegate);
+      Declaration& e = add(vsCMElementDelegate);
       e.name = std::move(name);
       e.access = TypeAccess(m, where);
       e.parameters = std::move(params);
@@ -678,7 +679,7 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
         type = ReadAsClause(c, text);
         if (type.empty()) type = typeChar ? std::string(VbTypeOfTypeChar(typeChar)) : "Object";
       }
-      CodeElement& e = add(vsCMElementDeclareDecl);
+      Declaration& e = add(vsCMElementDeclareDecl);
       e.name = std::move(name);
       e.access = MemberAccess(m);
       e.parameters = std::move(params);
@@ -699,7 +700,7 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
         if (clause == clauseEnd || clause->kind == VbTokenKind::Xml || clause->Is(VbPunct::Less)) continue;
         // Imports Alias = Name: the element is named by what it imports.
         if (clause + 2 < clauseEnd && clause[1].Is(VbPunct::Equals)) clause += 2;
-        CodeElement& e = Add(nullptr, vsCMElementImportStmt, start, end, {}, kNoDocs);
+        Declaration& e = Add(nullptr, vsCMElementImportStmt, start, end, {}, kNoDocs);
         e.name = VbJoinTokens(text, clause, clauseEnd);
         d.elements.push_back(&e);
       }
@@ -709,7 +710,7 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
 
     case VbKeyword::Option: {
       if (where != VbBlock::File || m.any) return d;
-      CodeElement& e = Add(nullptr, vsCMElementOptionStmt, start, end, {}, docs);
+      Declaration& e = Add(nullptr, vsCMElementOptionStmt, start, end, {}, docs);
       e.name = VbJoinTokens(text, c.p, c.end);
       d.elements.push_back(&e);
       d.what = VbDeclaration::What::Single;
@@ -762,7 +763,7 @@ VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Co
   int access = ExplicitAccess(m).value_or(where == VbBlock::Structure ? vsCMAccessPublic : vsCMAccessPrivate);
   if (m.withEvents) access += vsCMAccessWithEvents;
   for (const Declarator& dcl : declarators) {
-    CodeElement& e = add(vsCMElementVariable);
+    Declaration& e = add(vsCMElementVariable);
     e.name = std::string(text.substr(dcl.name->offset, dcl.name->length));
     e.access = access;
     std::string type = dcl.type;

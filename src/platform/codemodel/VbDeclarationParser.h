@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/codemodel/DeclarationTree.h"
 #include "platform/codemodel/VbStatementReader.h"
 
 namespace platform::codemodel {
@@ -24,26 +24,26 @@ struct VbDeclaration {
   What what = What::None;
   VbBlock block = VbBlock::File;          // Block: the kind of block opened
   VbKeyword endKeyword = VbKeyword::None;  // End: the word after End; Body: the word that ends it
-  CodeElement* element = nullptr;          // Block, Body, PropertyHeader: the element (none when
+  Declaration* element = nullptr;          // Block, Body, PropertyHeader: the element (none when
                                            // the declaration is out of place)
-  std::vector<CodeElement*> elements;      // every element the statement declared
+  std::vector<Declaration*> elements;      // every element the statement declared
 };
 
-/// Reads VB declaration statements and adds their elements to a file's code model with
+/// Reads VB declaration statements and adds their declarations to a DeclarationTree with
 /// the names, access, extent, attributes, documentation comments, parameters and
 /// prototypes the code model hands out (VB's defaults where the declaration says
 /// nothing). Statements it does not understand add nothing.
 class VbDeclarationParser {
  public:
-  explicit VbDeclarationParser(FileCodeModel& model);
+  explicit VbDeclarationParser(DeclarationTree& tree);
 
   /// Reads `st`, a statement directly inside a block of kind `where` whose element is
   /// `parent` (none at file level), and adds what it declares as members of `parent`
   /// (top-level elements when none). Enum members are read by ReadEnumMember.
-  VbDeclaration Read(const VbStatement& st, VbBlock where, CodeElement* parent);
+  VbDeclaration Read(const VbStatement& st, VbBlock where, Declaration* parent);
 
   /// Reads `st` as a member of the enum `owner`; adds a variable when it is one.
-  void ReadEnumMember(const VbStatement& st, CodeElement& owner);
+  void ReadEnumMember(const VbStatement& st, Declaration& owner);
 
   /// Whether `st` begins a declaration (a modifier, a declaration keyword, or End of a
   /// namespace or type), which no statement inside a method body can.
@@ -62,11 +62,11 @@ class VbDeclarationParser {
   // Reads the attribute lists from tokens[i]; assembly and module attributes become
   // top-level elements, the others are appended to `out`.
   size_t ReadAttributes(const VbStatement& st, size_t i, std::vector<Attribute>& out);
-  CodeElement& Add(CodeElement* parent, int kind, uint32_t start, uint32_t end,
+  Declaration& Add(Declaration* parent, int kind, uint32_t start, uint32_t end,
                    const std::vector<Attribute>& attributes, const std::vector<VbSpan>& docs);
   std::string DocText(const std::vector<VbSpan>& docs) const;
 
-  FileCodeModel& m_model;
+  DeclarationTree& m_tree;
   std::string_view m_text;
   VbLexer m_lexer;
   // Attribute lists that stood alone, and the documentation before them.

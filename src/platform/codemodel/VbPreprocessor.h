@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/codemodel/PreprocessorSymbols.h"
 #include "platform/codemodel/VbLexer.h"
 
 namespace platform::codemodel {
