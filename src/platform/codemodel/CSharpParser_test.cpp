@@ -38,6 +38,16 @@ TEST(CSharpParser, SymbolsChooseTheBranches) {
   EXPECT_EQ(Parse(text, {{{"DEBUG", ""}}}).TopLevel().at(0)->name, "B");
 }
 
+TEST(CSharpParser, AMalformedDirectiveAfterElseCostsNoDeclarations) {
+  const std::string_view text =
+      "#if false\nclass A { }\n#else\nclass B { }\n#elif true\nclass C { }\n#else\nclass D { }\n#endif\n";
+  auto tree = Parse(text);
+  ASSERT_EQ(tree.TopLevel().size(), 3u);
+  EXPECT_EQ(tree.TopLevel()[0]->name, "B");
+  EXPECT_EQ(tree.TopLevel()[1]->name, "C");
+  EXPECT_EQ(tree.TopLevel()[2]->name, "D");
+}
+
 TEST(CSharpParser, AdversarialInputEndsQuicklyWithoutCrashing) {
   const std::string shapes[] = {
       std::string(200000, '{'),

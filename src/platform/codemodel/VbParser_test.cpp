@@ -20,6 +20,16 @@ DeclarationTree Parse(std::string_view text, const PreprocessorSymbols& symbols 
 // The line of the end of `d`, a declaration of `tree`.
 int EndLine(const DeclarationTree& tree, const Declaration& d) { return LineIndex(tree.Text()).LineOfOffset(d.end); }
 
+TEST(VbParser, AMalformedDirectiveAfterElseCostsNoDeclarations) {
+  auto tree = Parse(
+      "#If False Then\nClass A\nEnd Class\n#Else\nClass B\nEnd Class\n"
+      "#ElseIf True Then\nClass C\nEnd Class\n#Else\nClass D\nEnd Class\n#End If\n");
+  ASSERT_EQ(tree.TopLevel().size(), 3u);
+  EXPECT_EQ(tree.TopLevel()[0]->name, "B");
+  EXPECT_EQ(tree.TopLevel()[1]->name, "C");
+  EXPECT_EQ(tree.TopLevel()[2]->name, "D");
+}
+
 TEST(VbParser, LambdaEndsAndXmlDoNotEndTheMethod) {
   auto tree = Parse(
       "Class C\n"
