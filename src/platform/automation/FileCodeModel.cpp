@@ -16,6 +16,7 @@ FileCodeModel::FileCodeModel(std::string language, const TextBuffer* text, TextD
 
 void FileCodeModel::Parse(const codemodel::LanguageParser& parser, const codemodel::PreprocessorSymbols& symbols) {
   parser.Parse(m_declarations, symbols);
+  m_elements.reserve(m_declarations.Size());
   for (size_t i = 0; i < m_declarations.Size(); ++i) m_elements.emplace_back(this, &m_declarations.At(i));
 }
 

@@ -1,7 +1,7 @@
 #pragma once
-#include <deque>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/automation/CodeElement.h"
 #include "platform/codemodel/DeclarationTree.h"
@@ -71,7 +71,9 @@ class FileCodeModel : public Dispatch {
   ProjectItem* m_item;
   std::weak_ptr<const void> m_keepAlive;
   codemodel::DeclarationTree m_declarations;
-  std::deque<CodeElement> m_elements;  // m_elements[i] shows declaration i; stable addresses
+  // m_elements[i] shows declaration i. Made once, at its final size, by Parse: the
+  // addresses never change.
+  std::vector<CodeElement> m_elements;
 };
 
 }  // namespace platform::automation

@@ -19,7 +19,11 @@ struct ParameterData {
 /// the JSON writer) reads it. Optional members are absent where the kind has no such
 /// property.
 struct Declaration {
-  int kind = 0;
+  /// A declaration of `kind` under `parent` (null at the top level), the `index`-th of
+  /// its tree; everything else empty.
+  Declaration(int kind, Declaration* parent, uint32_t index) : kind(kind), parent(parent), index(index) {}
+
+  int kind;
   std::string name;
   /// Access flags; none for namespaces, imports, attributes and option statements.
   std::optional<int> access;
@@ -37,14 +41,14 @@ struct Declaration {
 
   /// The enclosing declaration (for an attribute: the declaration it is attached to);
   /// null at the top level.
-  Declaration* parent = nullptr;
+  Declaration* parent;
   /// The members, in source order (empty for kinds without members).
   std::vector<Declaration*> members;
   /// One attribute declaration (kind 7) per attribute, in source order.
   std::vector<Declaration*> attributes;
   /// The position of this declaration in its tree (0 for the first one added), so that
   /// a reader can keep per-declaration data in a parallel array.
-  uint32_t index = 0;
+  uint32_t index;
 
   /// The prototype: with `withType`, the type, a blank and the name (the name alone when
   /// the type is ""); without, the name. Requires prototypeType.

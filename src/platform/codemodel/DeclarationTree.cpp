@@ -5,10 +5,9 @@
 namespace platform::codemodel {
 
 Declaration& DeclarationTree::Append(Declaration* parent, int kind) {
-  Declaration& d = m_declarations.emplace_back();
-  d.kind = kind;
-  d.parent = parent;
-  d.index = static_cast<uint32_t>(m_declarations.size() - 1);
+  if (m_size % kChunk == 0) m_chunks.emplace_back().reserve(kChunk);
+  Declaration& d = m_chunks.back().emplace_back(kind, parent, static_cast<uint32_t>(m_size));
+  ++m_size;
   return d;
 }
 

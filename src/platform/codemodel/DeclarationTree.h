@@ -1,6 +1,5 @@
 #pragma once
 #include <cstddef>
-#include <deque>
 #include <string_view>
 #include <vector>
 
@@ -25,9 +24,9 @@ class DeclarationTree {
   /// The top-level declarations, in source order.
   const std::vector<Declaration*>& TopLevel() const { return m_topLevel; }
   /// The number of declarations, attributes included.
-  size_t Size() const { return m_declarations.size(); }
+  size_t Size() const { return m_size; }
   /// Declaration `index` (0 <= index < Size()), in the order they were added.
-  const Declaration& At(size_t index) const { return m_declarations[index]; }
+  const Declaration& At(size_t index) const { return m_chunks[index / kChunk][index % kChunk]; }
 
   /// Adds a declaration of `kind` as the last member of `parent` (or as the last
   /// top-level declaration when `parent` is null) and returns it for the parser to fill.
@@ -38,8 +37,13 @@ class DeclarationTree {
  private:
   Declaration& Append(Declaration* parent, int kind);
 
+  // The declarations in chunks of kChunk, each reserved at its full size and never
+  // grown past it, so that no declaration ever moves. (A deque would do the same but
+  // allocates a block for every two declarations of this size.)
+  static constexpr size_t kChunk = 32;
   std::string_view m_text;
-  std::deque<Declaration> m_declarations;  // stable addresses
+  std::vector<std::vector<Declaration>> m_chunks;
+  size_t m_size = 0;
   std::vector<Declaration*> m_topLevel;
 };
 
