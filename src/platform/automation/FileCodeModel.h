@@ -44,6 +44,8 @@ class FileCodeModel : public Dispatch {
   /// Reads the declarations of the text with `parser` and `symbols`, and makes one
   /// element per declaration. Call once, before handing the model out.
   void Parse(const codemodel::LanguageParser& parser, const codemodel::PreprocessorSymbols& symbols);
+  /// `keepAlive` owns the document the model belongs to: every reference the model hands
+  /// out shares it.
   void SetKeepAlive(std::weak_ptr<const void> keepAlive) { m_keepAlive = std::move(keepAlive); }
 
   // --- For the elements ------------------------------------------------------------------

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/codemodel/CodeModelConstants.h"
 #include "platform/codemodel/LineIndex.h"
 
 namespace platform::codemodel {
@@ -108,14 +109,17 @@ TEST(VbParser, AStringThatNeverClosesCostsOnlyItsStatement) {
 }
 
 // Checks what must hold for any input: every declaration lies in the text, members
-// inside their parent.
-void CheckShape(const std::vector<Declaration*>& declarations, uint32_t from, uint32_t to, size_t size) {
-  for (const Declaration* d : declarations) {
-    EXPECT_LE(d->start, d->end);
-    EXPECT_LE(d->end, size);
-    EXPECT_GE(d->start, from);
-    EXPECT_LE(d->end, to);
-    CheckShape(d->members, d->start, d->end, size);
+// inside their parent. Declaration by declaration, so that deep nesting cannot exhaust
+// the stack.
+void CheckShape(const DeclarationTree& tree) {
+  const size_t size = tree.Text().size();
+  for (size_t i = 0; i < tree.Size(); ++i) {
+    const Declaration& d = tree.At(i);
+    EXPECT_LE(d.start, d.end);
+    EXPECT_LE(d.end, size);
+    if (!d.parent || d.kind == vsCMElementAttribute) continue;  // an attribute precedes its owner
+    EXPECT_GE(d.start, d.parent->start);
+    EXPECT_LE(d.end, d.parent->end);
   }
 }
 
@@ -134,7 +138,7 @@ TEST(VbParser, EveryPrefixOfAFileParsesIntoAWellFormedTree) {
       "End Namespace\n";
   for (size_t n = 0; n <= text.size(); ++n) {
     auto tree = Parse(std::string_view(text).substr(0, n), PreprocessorSymbols{{{"DEBUG", "-1"}}});
-    CheckShape(tree.TopLevel(), 0, static_cast<uint32_t>(n), n);
+    CheckShape(tree);
     if (HasFailure()) {
       ADD_FAILURE() << "prefix of " << n << " bytes";
       return;
@@ -159,8 +163,7 @@ TEST(VbParser, HostileInputFinishes) {
       std::string("\xEF\xBB\xBF\xE2\x80\x98\xFF\xFE\x00_ _\n[\"#", 14),
   };
   for (const std::string& text : inputs) {
-    auto tree = Parse(text);
-    CheckShape(tree.TopLevel(), 0, static_cast<uint32_t>(text.size()), text.size());
+    CheckShape(Parse(text));
   }
   // 20000 nested classes without End: every one is there, nested.
   auto tree = Parse(inputs[6]);
