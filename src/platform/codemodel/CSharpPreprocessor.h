@@ -2,7 +2,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/codemodel/ConditionalSections.h"
 #include "platform/codemodel/PreprocessorSymbols.h"
