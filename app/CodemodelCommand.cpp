@@ -5,6 +5,7 @@
 
 #include "Host.h"
 #include "platform/automation/DTE.h"
+#include "platform/automation/FileCodeModel.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItem.h"
 #include "platform/automation/ProjectItems.h"
@@ -38,7 +39,8 @@ void WriteItems(const Ref<ProjectItems>& items, const std::filesystem::path& bas
       auto model = item->FileCodeModel();
       if (!model) continue;
       auto shown = std::filesystem::path(item->path()).lexically_relative(base);
-      platform::codemodel::WriteCodeModelJson(out, *model, shown.empty() ? item->path().string() : shown.generic_string());
+      platform::codemodel::WriteCodeModelJson(out, model->Declarations(),
+                                              shown.empty() ? item->path().string() : shown.generic_string());
     } catch (const platform::Error& e) {
       std::fprintf(stderr, "annotra: %s: %s\n", item->path().string().c_str(), e.description.c_str());
       failed = true;

@@ -5,12 +5,12 @@
 #include <map>
 
 #include "analysis/Problems.h"
-#include "platform/codemodel/CodeModelJson.h"
+#include "platform/core/Json.h"
 
 namespace app {
 namespace {
 
-using platform::codemodel::AppendJsonString;
+using platform::AppendJsonString;
 
 std::string Json(const std::string& s) {
   std::string out;

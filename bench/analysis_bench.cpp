@@ -21,14 +21,14 @@
 #include "host/SettingsKeys.h"
 #include "platform/suite/Scopes.h"
 #include "results/MGlobals_ResultsDb.h"
+#include "platform/automation/CodeElement.h"
 #include "platform/automation/DTE.h"
+#include "platform/automation/FileCodeModel.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItem.h"
 #include "platform/automation/ProjectItems.h"
 #include "platform/automation/Solution.h"
 #include "platform/automation/SolutionLoader.h"
-#include "platform/codemodel/CodeElement.h"
-#include "platform/codemodel/FileCodeModel.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/Workspace.h"
 #include "platform/suite/ErrorReport.h"
@@ -161,12 +161,12 @@ int64_t SourceBytes(const Fixture& f) {
   return bytes;
 }
 
-int64_t CountElements(const platform::Ref<platform::codemodel::CodeElements>& elements) {
+int64_t CountElements(const platform::Ref<platform::automation::CodeElements>& elements) {
   int64_t n = 0;
   for (int i = 1; i <= elements->Count(); ++i) {
     auto e = elements->Item(i);
     ++n;
-    if (platform::codemodel::CodeElement::KindHasMembers(e->Kind())) n += CountElements(e->Members());
+    if (platform::automation::CodeElement::KindHasMembers(e->Kind())) n += CountElements(e->Members());
   }
   return n;
 }

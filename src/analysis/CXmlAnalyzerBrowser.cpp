@@ -6,16 +6,16 @@
 #include "host/MGlobals.h"
 #include "host/Steps.h"
 #include "platform/automation/AutomationConstants.h"
+#include "platform/automation/CodeElement.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/Document.h"
+#include "platform/automation/FileCodeModel.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItem.h"
 #include "platform/automation/ProjectItems.h"
 #include "platform/automation/Solution.h"
 #include "platform/automation/TextDocument.h"
 #include "platform/automation/TextPoint.h"
-#include "platform/codemodel/CodeElement.h"
-#include "platform/codemodel/FileCodeModel.h"
 #include "platform/forms/MessageBox.h"
 #include "platform/suite/CodeModelHelper.h"
 #include "platform/suite/Scopes.h"
@@ -226,7 +226,7 @@ void CXmlAnalyzerBrowser::WalkIntoCodeElements(const Ref<TextDocument>& textDocu
   // Only containers have members; asking the others would fail, which costs an
   // exception per element and gives the same 0.
   int count = 0;
-  if (cm::CodeElement::KindHasMembers(kind)) Quietly([&] { count = element->Members()->Count(); });
+  if (CodeElement::KindHasMembers(kind)) Quietly([&] { count = element->Members()->Count(); });
   for (int i = 1; i <= count; ++i) {
     Ref<CodeElement> member;
     Quietly([&] { member = element->Members()->Item(i); });
@@ -299,7 +299,7 @@ void CXmlAnalyzerBrowser::SearchItem(const Ref<ProjectItem>& item) {
   Ref<TextDocument> text;
   Quietly([&] {
     int count = 0;
-    Ref<cm::FileCodeModel> model = item->FileCodeModel();
+    Ref<FileCodeModel> model = item->FileCodeModel();
     if (model) count = model->CodeElements()->Count();
     if (count > 0) {
       for (int i = 1; i <= count && !text; ++i) {

@@ -12,10 +12,8 @@ class Document;
 class Project;
 class ProjectItem;
 class ProjectItems;
-}  // namespace platform::automation
-namespace platform::codemodel {
 class CodeElement;
-}
+}  // namespace platform::automation
 namespace platform::dao {
 class Recordset;
 }
@@ -42,7 +40,7 @@ class CXmlAnalyzerBrowser {
   using Project = platform::automation::Project;
   using ProjectItem = platform::automation::ProjectItem;
   using ProjectItems = platform::automation::ProjectItems;
-  using CodeElement = platform::codemodel::CodeElement;
+  using CodeElement = platform::automation::CodeElement;
   template <class T>
   using Ref = platform::Ref<T>;
 

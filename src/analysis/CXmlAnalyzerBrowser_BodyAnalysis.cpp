@@ -7,12 +7,12 @@
 #include "platform/core/AsciiText.h"
 #include "host/MGlobals.h"
 #include "host/Steps.h"
+#include "platform/automation/CodeElement.h"
 #include "platform/automation/Document.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItem.h"
 #include "platform/automation/TextDocument.h"
 #include "platform/automation/TextPoint.h"
-#include "platform/codemodel/CodeElement.h"
 #include "platform/grammar/GrammarParser.h"
 #include "platform/suite/ElementKinds.h"
 

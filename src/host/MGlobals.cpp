@@ -4,15 +4,15 @@
 #include "host/MGlobals_Paths.h"
 #include "host/Steps.h"
 #include "platform/automation/AutomationConstants.h"
+#include "platform/automation/CodeElement.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/Document.h"
+#include "platform/automation/FileCodeModel.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItem.h"
 #include "platform/automation/ProjectItems.h"
 #include "platform/automation/Solution.h"
 #include "platform/automation/Window.h"
-#include "platform/codemodel/CodeElement.h"
-#include "platform/codemodel/FileCodeModel.h"
 #include "platform/forms/Font.h"
 #include "platform/forms/MessageBox.h"
 #include "platform/suite/CodeModelHelper.h"
@@ -179,7 +179,7 @@ bool HasDocumentTextCodeVisible(const Ref<Document>& document) {
 
 std::string GetItemLanguage(const Ref<ProjectItem>& item) {
   std::string language;
-  Ref<cm::FileCodeModel> model;
+  Ref<FileCodeModel> model;
   Quietly([&] {
     model = item->FileCodeModel();
     language = model->Language();

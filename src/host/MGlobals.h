@@ -14,10 +14,8 @@ class Document;
 class Project;
 class ProjectItem;
 class ProjectItems;
-}  // namespace platform::automation
-namespace platform::codemodel {
 class CodeElement;
-}
+}  // namespace platform::automation
 namespace platform::dao {
 class Workspace;
 class Database;
@@ -44,7 +42,7 @@ using platform::automation::DTE;
 using platform::automation::Project;
 using platform::automation::ProjectItem;
 using platform::automation::ProjectItems;
-using platform::codemodel::CodeElement;
+using platform::automation::CodeElement;
 
 // The host's objects, set once by the host and held, never closed.
 extern Ref<DTE> DTEObject;

@@ -10,11 +10,11 @@
 #include <filesystem>
 
 #include "platform/automation/AutomationConstants.h"
+#include "platform/automation/CodeElement.h"
+#include "platform/automation/FileCodeModel.h"
 #include "platform/automation/SolutionLoader.h"
 #include "platform/automation/Window.h"
-#include "platform/codemodel/CodeElement.h"
 #include "platform/codemodel/CodeModelConstants.h"
-#include "platform/codemodel/FileCodeModel.h"
 #include "platform/forms/MessageBox.h"
 #include "platform/suite/ErrorReport.h"
 #include "testsupport/SolutionFixture.h"
@@ -343,9 +343,9 @@ class VisibilityTest : public MGlobalsTest {
     model_ = Document::FromText("Access.cs", kAccess, cm::vsCMLanguageCSharp)->CodeModel();
   }
   // The element at `path` of names ("N/Outer/Pub").
-  Ref<cm::CodeElement> At(const std::string& path) {
-    Ref<cm::CodeElements> elements = model_->CodeElements();
-    Ref<cm::CodeElement> found;
+  Ref<CodeElement> At(const std::string& path) {
+    Ref<CodeElements> elements = model_->CodeElements();
+    Ref<CodeElement> found;
     size_t begin = 0;
     while (begin <= path.size()) {
       size_t end = path.find('/', begin);
@@ -360,7 +360,7 @@ class VisibilityTest : public MGlobalsTest {
     }
     return found;
   }
-  Ref<cm::FileCodeModel> model_;
+  Ref<FileCodeModel> model_;
 };
 
 TEST_F(VisibilityTest, PublicAndProtectedCountAsPublic) {

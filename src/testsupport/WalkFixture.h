@@ -16,7 +16,7 @@
 #include "results/MGlobals_ResultsDb.h"
 #include "platform/automation/SolutionLoader.h"
 #include "platform/automation/StatusBar.h"
-#include "platform/codemodel/CodeElement.h"
+#include "platform/automation/CodeElement.h"
 #include "platform/forms/MessageBox.h"
 #include "platform/suite/ErrorReport.h"
 #include "testsupport/SolutionFixture.h"
@@ -28,7 +28,7 @@ namespace annotra::walktest {
 
 using namespace platform::automation;
 using platform::Ref;
-using platform::codemodel::CodeElement;
+using platform::automation::CodeElement;
 using testsupport::ItemAt;
 using testsupport::LegacyProjectFile;
 using testsupport::OpenInHost;

@@ -1,8 +1,8 @@
 #include "platform/automation/Document.h"
 
 #include "platform/automation/DTE.h"
-#include "platform/automation/DocumentData.h"
 #include "platform/automation/DefinitionText.h"
+#include "platform/automation/DocumentData.h"
 #include "platform/automation/ProjectItem.h"
 #include "platform/codemodel/LanguageParser.h"
 #include "platform/core/Error.h"
@@ -56,14 +56,14 @@ void Document::Close(int) {
   dte->DocumentClosed(this);
 }
 
-Ref<codemodel::FileCodeModel> Document::CodeModel() const {
+Ref<FileCodeModel> Document::CodeModel() const {
   DocumentData& d = *m_data;
   if (!d.parsed) {
     d.parsed = true;
     if (const auto* parser = codemodel::ParserForLanguage(d.language)) {
       d.codeModel.emplace(d.language, &d.text, &d.textDocument, d.item);
       d.codeModel->SetKeepAlive(d.weak_from_this());
-      parser->Parse(*d.codeModel, d.symbols);
+      d.codeModel->Parse(*parser, d.symbols);
     }
   }
   if (!d.codeModel) return nullptr;

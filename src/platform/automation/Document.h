@@ -3,7 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/automation/FileCodeModel.h"
+#include "platform/codemodel/PreprocessorSymbols.h"
 #include "platform/core/Ref.h"
 
 namespace platform::automation {
@@ -38,7 +39,7 @@ class Document : public Dispatch {
   void Close(int save = 0);
 
   /// The code model (parsed on first use); none for files of other languages.
-  Ref<codemodel::FileCodeModel> CodeModel() const;
+  Ref<FileCodeModel> CodeModel() const;
 
   /// Opens a window of the document: a hidden code window, or a visible text window
   /// when the host opens it. The document joins the open documents.

@@ -7,10 +7,11 @@
 #include <string>
 
 #include "platform/automation/Document.h"
+#include "platform/automation/FileCodeModel.h"
 #include "platform/automation/TextBuffer.h"
 #include "platform/automation/TextDocument.h"
 #include "platform/automation/Window.h"
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/codemodel/PreprocessorSymbols.h"
 
 namespace platform::automation {
 
@@ -38,7 +39,7 @@ struct DocumentData : std::enable_shared_from_this<DocumentData> {
   TextDocument textDocument;
   std::deque<Window> windows;
   Window* activeWindow = nullptr;
-  std::optional<codemodel::FileCodeModel> codeModel;
+  std::optional<FileCodeModel> codeModel;
   bool parsed = false;
 };
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/codemodel/PreprocessorSymbols.h"
 #include "platform/core/Ref.h"
 
 namespace platform::automation {

@@ -68,7 +68,7 @@ Ref<Document> ProjectItem::Document() const {
   return m_document.lock();
 }
 
-Ref<codemodel::FileCodeModel> ProjectItem::FileCodeModel() const {
+Ref<automation::FileCodeModel> ProjectItem::FileCodeModel() const {
   if (m_kind != vsProjectItemKindPhysicalFile || codemodel::LanguageOfFile(m_name).empty())
     return nullptr;
   return LoadDocument()->CodeModel();

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/automation/FileCodeModel.h"
 #include "platform/core/Ref.h"
 
 namespace platform::automation {
@@ -42,7 +42,7 @@ class ProjectItem : public Dispatch, public std::enable_shared_from_this<Project
   Ref<automation::Document> Document() const;
   /// The code model of a C# or VB file (parsed on first use, kept while anything holds
   /// the document); none for other items. Fails with 53/75 when the file cannot be read.
-  Ref<codemodel::FileCodeModel> FileCodeModel() const;
+  Ref<automation::FileCodeModel> FileCodeModel() const;
   /// The item's automation object: for web-site items one that offers the web-site
   /// project-item interface, else a plain item object.
   Ref<Dispatch> Object() const;

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/codemodel/PreprocessorSymbols.h"
 
 namespace platform::automation {
 

@@ -18,6 +18,7 @@
 #include "platform/automation/SlnxReader.h"
 #include "platform/automation/Solution.h"
 #include "platform/automation/WebSiteReader.h"
+#include "platform/codemodel/CodeModelConstants.h"
 #include "platform/codemodel/LanguageParser.h"
 #include "platform/core/Error.h"
 

@@ -1,6 +1,7 @@
 #include "platform/codemodel/CSharpDeclarationParser.h"
 
 #include "platform/codemodel/CSharpDocComment.h"
+#include "platform/codemodel/CodeModelConstants.h"
 #include "platform/codemodel/CSharpTypeText.h"
 
 namespace platform::codemodel {
@@ -26,8 +27,8 @@ constexpr int kMaxNesting = 100;
 
 }  // namespace
 
-CSharpDeclarationParser::CSharpDeclarationParser(FileCodeModel& model, const CsTokenStream& stream)
-    : m_model(model), m_text(model.Text()), m_stream(stream), m_s(model.Text(), stream) {}
+CSharpDeclarationParser::CSharpDeclarationParser(DeclarationTree& tree, const CsTokenStream& stream)
+    : m_tree(tree), m_text(tree.Text()), m_stream(stream), m_s(tree.Text(), stream) {}
 
 void CSharpDeclarationParser::Parse() {
   m_p = 0;
@@ -66,17 +67,17 @@ int CSharpDeclarationParser::AccessOf(const Header& h, Scope scope) const {
   }
 }
 
-CodeElement& CSharpDeclarationParser::AddElement(CodeElement* parent, int kind, const Header& h,
+Declaration& CSharpDeclarationParser::AddElement(Declaration* parent, int kind, const Header& h,
                                                  std::string name, std::optional<int> access,
                                                  uint32_t end) {
-  CodeElement& e = m_model.AddElement(parent, kind);
+  Declaration& e = m_tree.AddDeclaration(parent, kind);
   e.name = std::move(name);
   e.access = access;
   e.start = m_s.At(h.declStart).start;
   e.end = end < e.start ? e.start : end;
   e.docComment = DocCommentOf(h.first);
   for (const Attribute& a : m_attributes) {
-    CodeElement& attr = m_model.AddAttribute(e);
+    Declaration& attr = m_tree.AddAttribute(e);
     attr.name = TypeText(a.nameBegin, a.nameEnd);
     attr.start = m_s.At(a.nameBegin).start;
     attr.end = a.end;
@@ -86,7 +87,7 @@ CodeElement& CSharpDeclarationParser::AddElement(CodeElement* parent, int kind, 
 
 // --- Structure ---------------------------------------------------------------------------
 
-void CSharpDeclarationParser::ParseMembers(CodeElement* parent, Scope scope, int nesting, bool toEndOfFile) {
+void CSharpDeclarationParser::ParseMembers(Declaration* parent, Scope scope, int nesting, bool toEndOfFile) {
   for (;;) {
     if (m_s.IsEnd(m_p)) return;
     if (m_s.Is(m_p, "}")) {
@@ -104,7 +105,7 @@ void CSharpDeclarationParser::ParseMembers(CodeElement* parent, Scope scope, int
   }
 }
 
-void CSharpDeclarationParser::ParseMember(CodeElement* parent, Scope scope, int nesting) {
+void CSharpDeclarationParser::ParseMember(Declaration* parent, Scope scope, int nesting) {
   Header h;
   h.first = m_p;
   m_attributes.clear();
@@ -212,7 +213,7 @@ void CSharpDeclarationParser::ParseGlobalAttributeSection() {
   m_attributes.clear();
   ParseAttributeSection();
   for (const Attribute& a : m_attributes) {
-    CodeElement& e = m_model.AddElement(nullptr, vsCMElementAttribute);
+    Declaration& e = m_tree.AddDeclaration(nullptr, vsCMElementAttribute);
     e.name = TypeText(a.nameBegin, a.nameEnd);
     e.start = m_s.At(a.nameBegin).start;
     e.end = a.end;
@@ -290,7 +291,7 @@ void CSharpDeclarationParser::ParseModifiers(Header& h) {
 
 // --- Namespace-level declarations --------------------------------------------------------
 
-void CSharpDeclarationParser::ParseNamespace(const Header& h, CodeElement* parent, int nesting) {
+void CSharpDeclarationParser::ParseNamespace(const Header& h, Declaration* parent, int nesting) {
   size_t k = m_p + 1;
   const size_t nameBegin = k;
   while (m_s.IsIdentifier(k)) {
@@ -308,14 +309,14 @@ void CSharpDeclarationParser::ParseNamespace(const Header& h, CodeElement* paren
   std::string name = TypeText(nameBegin, k);
   if (m_s.Is(k, ";")) {
     // File-scoped: runs to the end of the document.
-    CodeElement& e = AddElement(parent, vsCMElementNamespace, h, std::move(name), std::nullopt,
+    Declaration& e = AddElement(parent, vsCMElementNamespace, h, std::move(name), std::nullopt,
                                 static_cast<uint32_t>(m_text.size()));
     m_p = k + 1;
     if (nesting < kMaxNesting) ParseMembers(&e, Scope::Namespace, nesting + 1, true);
     else m_p = m_s.Count() - 1;
     return;
   }
-  CodeElement& e = AddElement(parent, vsCMElementNamespace, h, std::move(name), std::nullopt, 0);
+  Declaration& e = AddElement(parent, vsCMElementNamespace, h, std::move(name), std::nullopt, 0);
   if (nesting < kMaxNesting) {
     m_p = k + 1;
     ParseMembers(&e, Scope::Namespace, nesting + 1, false);
@@ -342,14 +343,14 @@ bool CSharpDeclarationParser::ParseUsing(const Header& h, bool addElement) {
   m_p = targetEnd + 1;
   if (addElement) {
     m_attributes.clear();
-    CodeElement& e = AddElement(nullptr, vsCMElementImportStmt, h, TypeText(targetBegin, targetEnd),
+    Declaration& e = AddElement(nullptr, vsCMElementImportStmt, h, TypeText(targetBegin, targetEnd),
                                 std::nullopt, m_s.At(targetEnd).end);
     e.docComment.clear();
   }
   return true;
 }
 
-void CSharpDeclarationParser::ParseType(const Header& h, CodeElement* parent, Scope scope, int nesting) {
+void CSharpDeclarationParser::ParseType(const Header& h, Declaration* parent, Scope scope, int nesting) {
   size_t k = m_p;
   int kind = vsCMElementClass;
   Scope inner = Scope::Class;
@@ -380,7 +381,7 @@ void CSharpDeclarationParser::ParseType(const Header& h, CodeElement* parent, Sc
   // Primary-constructor and positional-record parameters give the type no parameters.
   if (m_s.Is(k, "(")) k = m_s.SkipGroup(k);
   k = m_s.SkipToBody(k);  // base list and constraints
-  CodeElement& e = AddElement(parent, kind, h, std::string(m_s.Text(nameIndex)), AccessOf(h, scope), 0);
+  Declaration& e = AddElement(parent, kind, h, std::string(m_s.Text(nameIndex)), AccessOf(h, scope), 0);
   if (m_s.Is(k, "{")) {
     if (nesting >= kMaxNesting) {
       m_p = m_s.SkipBlock(k, Rule::Ignore);
@@ -406,14 +407,14 @@ void CSharpDeclarationParser::ParseType(const Header& h, CodeElement* parent, Sc
   HoldMembers(e);
 }
 
-void CSharpDeclarationParser::HoldMembers(CodeElement& e) {
+void CSharpDeclarationParser::HoldMembers(Declaration& e) {
   // Readers find the element at a line by descending into the elements that hold it,
   // so a container must hold its members even in broken code (a file-scoped namespace
   // inside a braced one runs to the end of the text).
-  if (!e.members().empty() && e.members().back()->end > e.end) e.end = e.members().back()->end;
+  if (!e.members.empty() && e.members.back()->end > e.end) e.end = e.members.back()->end;
 }
 
-void CSharpDeclarationParser::ParseEnumBody(CodeElement& owner) {
+void CSharpDeclarationParser::ParseEnumBody(Declaration& owner) {
   for (;;) {
     if (m_s.IsEnd(m_p) || m_s.Is(m_p, "}") || m_s.IsAccessModifier(m_p)) return;
     if (m_s.Is(m_p, ",")) {
@@ -429,7 +430,7 @@ void CSharpDeclarationParser::ParseEnumBody(CodeElement& owner) {
       std::string name(m_s.Text(m_p));
       ++m_p;
       if (m_s.Is(m_p, "=")) m_p = m_s.SkipExpression(m_p + 1);
-      CodeElement& e = AddElement(&owner, vsCMElementVariable, h, std::move(name), vsCMAccessPublic, EndOfPrevious());
+      Declaration& e = AddElement(&owner, vsCMElementVariable, h, std::move(name), vsCMAccessPublic, EndOfPrevious());
       e.prototypeType = owner.name;
       continue;
     }
@@ -439,7 +440,7 @@ void CSharpDeclarationParser::ParseEnumBody(CodeElement& owner) {
   }
 }
 
-void CSharpDeclarationParser::ParseDelegate(const Header& h, CodeElement* parent, Scope scope) {
+void CSharpDeclarationParser::ParseDelegate(const Header& h, Declaration* parent, Scope scope) {
   const size_t typeBegin = m_p + 1;
   const size_t typeEnd = m_s.ScanType(typeBegin, true);
   if (typeEnd == kFail || !m_s.IsIdentifier(typeEnd)) {
@@ -460,7 +461,7 @@ void CSharpDeclarationParser::ParseDelegate(const Header& h, CodeElement* parent
   }
   k = m_s.SkipToBody(m_p);  // constraints
   m_p = m_s.Is(k, ";") ? k + 1 : k;
-  CodeElement& e = AddElement(parent, vsCMElementDelegate, h, std::string(m_s.Text(typeEnd)),
+  Declaration& e = AddElement(parent, vsCMElementDelegate, h, std::string(m_s.Text(typeEnd)),
                               AccessOf(h, scope), EndOfPrevious());
   e.parameters = std::move(parameters);
   e.prototypeType = TypeText(typeBegin, typeEnd);
@@ -468,7 +469,7 @@ void CSharpDeclarationParser::ParseDelegate(const Header& h, CodeElement* parent
 
 // --- Members of types --------------------------------------------------------------------
 
-void CSharpDeclarationParser::ParseTypeMember(const Header& h, CodeElement* parent, Scope scope) {
+void CSharpDeclarationParser::ParseTypeMember(const Header& h, Declaration* parent, Scope scope) {
   const size_t k = m_p;
   if (m_s.IsKw(k, CsKeyword::Event)) return ParseEvent(h, parent, scope);
   if (m_s.Is(k, "~")) return ParseConstructorOrFinalizer(h, parent, scope, true);
@@ -551,7 +552,7 @@ void CSharpDeclarationParser::ParseTypeMember(const Header& h, CodeElement* pare
       return;
     }
     FinishFunctionBody();
-    CodeElement& e = AddElement(parent, vsCMElementFunction, h, std::move(name), access, EndOfPrevious());
+    Declaration& e = AddElement(parent, vsCMElementFunction, h, std::move(name), access, EndOfPrevious());
     e.parameters = std::move(parameters);
     e.prototypeType = std::move(type);
     return;
@@ -568,7 +569,7 @@ void CSharpDeclarationParser::ParseTypeMember(const Header& h, CodeElement* pare
       return;
     }
     FinishPropertyBody();
-    CodeElement& e = AddElement(parent, vsCMElementProperty, h, std::move(name), access, EndOfPrevious());
+    Declaration& e = AddElement(parent, vsCMElementProperty, h, std::move(name), access, EndOfPrevious());
     e.parameters = std::move(parameters);
     e.prototypeType = std::move(type);
     return;
@@ -581,7 +582,7 @@ void CSharpDeclarationParser::ParseTypeMember(const Header& h, CodeElement* pare
       return;
     }
     FinishFunctionBody();
-    CodeElement& e = AddElement(parent, vsCMElementFunction, h, std::move(name), access, EndOfPrevious());
+    Declaration& e = AddElement(parent, vsCMElementFunction, h, std::move(name), access, EndOfPrevious());
     e.parameters = std::move(parameters);
     e.prototypeType = std::move(type);
     return;
@@ -589,7 +590,7 @@ void CSharpDeclarationParser::ParseTypeMember(const Header& h, CodeElement* pare
   if (m_s.Is(j, "{") || m_s.Is(j, "=>")) {
     m_p = j;
     FinishPropertyBody();
-    CodeElement& e = AddElement(parent, vsCMElementProperty, h, std::move(name), access, EndOfPrevious());
+    Declaration& e = AddElement(parent, vsCMElementProperty, h, std::move(name), access, EndOfPrevious());
     e.prototypeType = std::move(type);
     return;
   }
@@ -602,7 +603,7 @@ void CSharpDeclarationParser::ParseTypeMember(const Header& h, CodeElement* pare
   Recover(j);
 }
 
-void CSharpDeclarationParser::ParseFields(const Header& h, CodeElement* parent, Scope scope, size_t typeBegin,
+void CSharpDeclarationParser::ParseFields(const Header& h, Declaration* parent, Scope scope, size_t typeBegin,
                                           size_t typeEnd) {
   // Used for fields and for field-like events: the declaration's kind is told by the
   // token before the type.
@@ -626,13 +627,13 @@ void CSharpDeclarationParser::ParseFields(const Header& h, CodeElement* parent, 
   const std::string type = TypeText(typeBegin, typeEnd);
   const int access = AccessOf(h, scope);
   for (size_t n : names) {
-    CodeElement& e = AddElement(parent, isEvent ? vsCMElementEvent : vsCMElementVariable, h,
+    Declaration& e = AddElement(parent, isEvent ? vsCMElementEvent : vsCMElementVariable, h,
                                 std::string(m_s.Text(n)), access, end);
     e.prototypeType = type;
   }
 }
 
-void CSharpDeclarationParser::ParseEvent(const Header& h, CodeElement* parent, Scope scope) {
+void CSharpDeclarationParser::ParseEvent(const Header& h, Declaration* parent, Scope scope) {
   const size_t typeBegin = m_p + 1;
   const size_t typeEnd = m_s.ScanType(typeBegin);
   if (typeEnd == kFail || !m_s.IsIdentifier(typeEnd)) {
@@ -656,7 +657,7 @@ void CSharpDeclarationParser::ParseEvent(const Header& h, CodeElement* parent, S
   if (m_s.Is(nameEnd, "{")) {
     const bool explicitImplementation = nameEnd - typeEnd > 1;
     m_p = m_s.SkipBlock(nameEnd, Rule::StopNested);
-    CodeElement& e = AddElement(parent, vsCMElementEvent, h, TypeText(typeEnd, nameEnd),
+    Declaration& e = AddElement(parent, vsCMElementEvent, h, TypeText(typeEnd, nameEnd),
                                 explicitImplementation ? vsCMAccessPrivate : AccessOf(h, scope), EndOfPrevious());
     e.prototypeType = TypeText(typeBegin, typeEnd);
     return;
@@ -665,7 +666,7 @@ void CSharpDeclarationParser::ParseEvent(const Header& h, CodeElement* parent, S
   ParseFields(h, parent, scope, typeBegin, typeEnd);
 }
 
-void CSharpDeclarationParser::ParseConstructorOrFinalizer(const Header& h, CodeElement* parent, Scope scope,
+void CSharpDeclarationParser::ParseConstructorOrFinalizer(const Header& h, Declaration* parent, Scope scope,
                                                           bool finalizer) {
   const size_t nameIndex = finalizer ? m_p + 1 : m_p;
   if (!m_s.IsIdentifier(nameIndex) || !m_s.Is(nameIndex + 1, "(")) {
@@ -683,12 +684,12 @@ void CSharpDeclarationParser::ParseConstructorOrFinalizer(const Header& h, CodeE
   name += m_s.Text(nameIndex);
   // Finalizers and static constructors are private whatever is written.
   int access = (finalizer || (h.modifiers & kStatic)) ? vsCMAccessPrivate : AccessOf(h, scope);
-  CodeElement& e = AddElement(parent, vsCMElementFunction, h, std::move(name), access, EndOfPrevious());
+  Declaration& e = AddElement(parent, vsCMElementFunction, h, std::move(name), access, EndOfPrevious());
   e.parameters = std::move(parameters);
   e.prototypeType = std::string();
 }
 
-void CSharpDeclarationParser::ParseConversion(const Header& h, CodeElement* parent, Scope scope) {
+void CSharpDeclarationParser::ParseConversion(const Header& h, Declaration* parent, Scope scope) {
   const size_t keyword = m_p;
   size_t k = m_p + 1;
   std::string prefix;
@@ -729,7 +730,7 @@ void CSharpDeclarationParser::ParseConversion(const Header& h, CodeElement* pare
   FinishFunctionBody();
   std::string type = TypeText(typeBegin, typeEnd);
   std::string name = prefix + std::string(m_s.Text(keyword)) + " operator " + type;
-  CodeElement& e = AddElement(parent, vsCMElementFunction, h, std::move(name),
+  Declaration& e = AddElement(parent, vsCMElementFunction, h, std::move(name),
                               prefix.empty() ? AccessOf(h, scope) : vsCMAccessPrivate, EndOfPrevious());
   e.parameters = std::move(parameters);
   e.prototypeType = std::move(type);

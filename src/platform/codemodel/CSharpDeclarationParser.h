@@ -7,11 +7,11 @@
 
 #include "platform/codemodel/CSharpSyntaxScanner.h"
 #include "platform/codemodel/CSharpTokenizer.h"
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/codemodel/DeclarationTree.h"
 
 namespace platform::codemodel {
 
-/// Reads the declarations of a tokenized C# file into its code model: imports, global
+/// Reads the declarations of a tokenized C# file into a DeclarationTree: imports, global
 /// attributes, namespaces, types, delegates and their members, with names, access,
 /// extents, attributes, documentation comments, parameters and prototype types as the
 /// code model shows them. Statements (top-level ones and those in bodies) are stepped
@@ -19,10 +19,10 @@ namespace platform::codemodel {
 /// end of that declaration and goes on.
 class CSharpDeclarationParser {
  public:
-  /// `stream` must be the tokens of `model.Text()`.
-  CSharpDeclarationParser(FileCodeModel& model, const CsTokenStream& stream);
+  /// `stream` must be the tokens of `tree.Text()`.
+  CSharpDeclarationParser(DeclarationTree& tree, const CsTokenStream& stream);
 
-  /// Adds the file's elements to the model. Runs once.
+  /// Adds the file's declarations to the tree. Runs once.
   void Parse();
 
  private:
@@ -50,9 +50,9 @@ class CSharpDeclarationParser {
 
   /// Reads declarations into `parent` (null: the file) until a '}' that closes the
   /// body (left for the caller) or, with `toEndOfFile`, to the end (stray '}' skipped).
-  void ParseMembers(CodeElement* parent, Scope scope, int nesting, bool toEndOfFile);
+  void ParseMembers(Declaration* parent, Scope scope, int nesting, bool toEndOfFile);
   /// Reads one declaration, or steps over one statement or unreadable declaration.
-  void ParseMember(CodeElement* parent, Scope scope, int nesting);
+  void ParseMember(Declaration* parent, Scope scope, int nesting);
   /// Reads the attribute section at m_p ('[') into m_attributes; an unreadable section
   /// is skipped whole and false returned.
   bool ParseAttributeSection();
@@ -67,28 +67,28 @@ class CSharpDeclarationParser {
   bool RefIsModifier(size_t i) const;
 
   /// At `namespace`: a braced or file-scoped namespace and its members.
-  void ParseNamespace(const Header& h, CodeElement* parent, int nesting);
+  void ParseNamespace(const Header& h, Declaration* parent, int nesting);
   /// At `using` or `global using`: a using directive, added as an import when
   /// `addElement`. False (cursor unmoved) when the tokens are no directive (a using
   /// statement).
   bool ParseUsing(const Header& h, bool addElement);
   /// At class, struct, interface, enum or record: the type and its members.
-  void ParseType(const Header& h, CodeElement* parent, Scope scope, int nesting);
+  void ParseType(const Header& h, Declaration* parent, Scope scope, int nesting);
   /// After an enum's '{': its members, up to the closing '}' (left for the caller).
-  void ParseEnumBody(CodeElement& owner);
+  void ParseEnumBody(Declaration& owner);
   /// At `delegate`: a delegate declaration.
-  void ParseDelegate(const Header& h, CodeElement* parent, Scope scope);
+  void ParseDelegate(const Header& h, Declaration* parent, Scope scope);
   /// After the modifiers of a member of a class, struct or interface: that member.
-  void ParseTypeMember(const Header& h, CodeElement* parent, Scope scope);
+  void ParseTypeMember(const Header& h, Declaration* parent, Scope scope);
   /// At `event`: a field-like event (one element per declarator) or one with accessors.
-  void ParseEvent(const Header& h, CodeElement* parent, Scope scope);
+  void ParseEvent(const Header& h, Declaration* parent, Scope scope);
   /// At a constructor's name, or at a finalizer's '~'.
-  void ParseConstructorOrFinalizer(const Header& h, CodeElement* parent, Scope scope, bool finalizer);
+  void ParseConstructorOrFinalizer(const Header& h, Declaration* parent, Scope scope, bool finalizer);
   /// At `implicit` or `explicit`: a conversion operator.
-  void ParseConversion(const Header& h, CodeElement* parent, Scope scope);
+  void ParseConversion(const Header& h, Declaration* parent, Scope scope);
   /// At the first declarator after the type [typeBegin, typeEnd): one field (or event,
   /// when `event` precedes the type) per declarator.
-  void ParseFields(const Header& h, CodeElement* parent, Scope scope, size_t typeBegin, size_t typeEnd);
+  void ParseFields(const Header& h, Declaration* parent, Scope scope, size_t typeBegin, size_t typeEnd);
   /// At '(' or '[': the parameter list into `out`, cursor after its closer. False, with
   /// the cursor where reading stopped, when the list cannot be read.
   bool ParseParameters(std::vector<ParameterData>& out);
@@ -103,7 +103,7 @@ class CSharpDeclarationParser {
   void FinishPropertyBody();
 
   /// Extends `e` to its last member's end when that lies beyond it.
-  void HoldMembers(CodeElement& e);
+  void HoldMembers(Declaration& e);
   /// Skips what is left of a declaration that could not be read: to its ';' or after
   /// its block, or before an access modifier or a '}' that closes the enclosing body.
   void Recover(size_t from);
@@ -112,7 +112,7 @@ class CSharpDeclarationParser {
 
   /// Adds an element of `kind` for the declaration `h`, with its start, documentation
   /// comment and the attributes in m_attributes; `end` is its end offset.
-  CodeElement& AddElement(CodeElement* parent, int kind, const Header& h, std::string name,
+  Declaration& AddElement(Declaration* parent, int kind, const Header& h, std::string name,
                           std::optional<int> access, uint32_t end);
   /// The DocComment text of the declaration whose first token is `first`.
   std::string DocCommentOf(size_t first) const;
@@ -123,7 +123,7 @@ class CSharpDeclarationParser {
   /// The normalized text of the tokens [begin, end).
   std::string TypeText(size_t begin, size_t end) const;
 
-  FileCodeModel& m_model;
+  DeclarationTree& m_tree;
   std::string_view m_text;
   const CsTokenStream& m_stream;
   CSharpSyntaxScanner m_s;

@@ -8,12 +8,12 @@
 
 namespace platform::codemodel {
 
-void CSharpParser::Parse(FileCodeModel& model, const PreprocessorSymbols& symbols) const {
+void CSharpParser::Parse(DeclarationTree& tree, const PreprocessorSymbols& symbols) const {
   // Positions are 32-bit offsets; a text too large for them has no declarations read.
-  if (model.Text().size() >= std::numeric_limits<uint32_t>::max()) return;
+  if (tree.Text().size() >= std::numeric_limits<uint32_t>::max()) return;
   CsTokenStream stream;
-  TokenizeCSharp(model.Text(), symbols, stream);
-  CSharpDeclarationParser(model, stream).Parse();
+  TokenizeCSharp(tree.Text(), symbols, stream);
+  CSharpDeclarationParser(tree, stream).Parse();
 }
 
 }  // namespace platform::codemodel

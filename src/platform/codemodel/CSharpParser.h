@@ -6,7 +6,7 @@ namespace platform::codemodel {
 /// The C# declaration parser.
 class CSharpParser : public LanguageParser {
  public:
-  void Parse(FileCodeModel& model, const PreprocessorSymbols& symbols) const override;
+  void Parse(DeclarationTree& tree, const PreprocessorSymbols& symbols) const override;
 };
 
 }  // namespace platform::codemodel

@@ -1,7 +1,7 @@
 // libFuzzer target: the C# parser on arbitrary bytes. Besides crashes, leaks and hangs
-// (which libFuzzer and the sanitizers catch), it checks what readers of the model rely
-// on: every extent lies inside the text, start before end, and every member inside its
-// parent (the element at the caret is found by descending through parents).
+// (which libFuzzer and the sanitizers catch), it checks what readers of the declarations
+// rely on: every extent lies inside the text, start before end, and every member inside
+// its parent (the element at the caret is found by descending through parents).
 //
 // Build: CXX=clang++ cmake -S . -B build/cs-fuzz -G Ninja -DANNOTRA_FUZZ=ON
 //          -DANNOTRA_TESTS=OFF -DANNOTRA_BENCH=OFF && cmake --build build/cs-fuzz --target CSharpParser_fuzz
@@ -12,43 +12,38 @@
 #include <sstream>
 #include <string>
 
-#include "platform/automation/Document.h"
+#include "platform/codemodel/CSharpParser.h"
 #include "platform/codemodel/CodeModelJson.h"
-#include "platform/codemodel/CodeModelConstants.h"
 
 namespace {
 
-using platform::codemodel::CodeElement;
+using platform::codemodel::Declaration;
 
 void Check(bool ok) {
   if (!ok) std::abort();
 }
 
-void CheckElements(const std::vector<CodeElement*>& items, const CodeElement* parent, size_t size) {
-  for (const CodeElement* e : items) {
-    Check(e->start <= e->end && e->end <= size);
-    if (parent) Check(parent->start <= e->start && e->end <= parent->end);
-    for (const CodeElement* a : e->attributes()) Check(a->start <= a->end && a->end <= size);
-    CheckElements(e->members(), e, size);
+void CheckDeclarations(const std::vector<Declaration*>& items, const Declaration* parent, size_t size) {
+  for (const Declaration* d : items) {
+    Check(d->start <= d->end && d->end <= size);
+    Check(d->parent == parent);
+    if (parent) Check(parent->start <= d->start && d->end <= parent->end);
+    for (const Declaration* a : d->attributes) Check(a->start <= a->end && a->end <= size);
+    CheckDeclarations(d->members, d, size);
   }
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  std::string text(reinterpret_cast<const char*>(data), size);
+  const std::string text(reinterpret_cast<const char*>(data), size);
   // Half the inputs run with symbols defined, so both sides of #if get explored.
   platform::codemodel::PreprocessorSymbols symbols;
   if (size % 2) symbols.symbols = {{"DEBUG", ""}, {"TRACE", ""}, {"A", ""}};
-  auto doc = platform::automation::Document::FromText("F.cs", text, platform::codemodel::vsCMLanguageCSharp,
-                                                      symbols);
-  auto model = doc->CodeModel();
-  Check(model != nullptr);
-  auto top = model->CodeElements();
-  std::vector<CodeElement*> roots;
-  for (int i = 1; i <= top->Count(); ++i) roots.push_back(top->Item(i).get());
-  CheckElements(roots, nullptr, size);
+  platform::codemodel::DeclarationTree tree(text);
+  platform::codemodel::CSharpParser().Parse(tree, symbols);
+  CheckDeclarations(tree.TopLevel(), nullptr, size);
   std::ostringstream out;
-  platform::codemodel::WriteCodeModelJson(out, *model, "F.cs");
+  platform::codemodel::WriteCodeModelJson(out, tree, "F.cs");
   return 0;
 }

@@ -114,24 +114,15 @@ void CSharpPreprocessor::Directive(std::string_view line) {
   size_t n = 0;
   while (n < line.size() && IsSymbolChar(line[n])) ++n;
   std::string_view name = line.substr(0, n), rest = Trim(line.substr(n));
+  auto condition = [&] { return Evaluate(rest); };
   if (name == "if") {
-    bool outer = Active();
-    bool v = outer && Evaluate(rest);
-    m_stack.push_back({outer, v, v, false});
+    m_sections.If(condition);
   } else if (name == "elif") {
-    if (m_stack.empty() || m_stack.back().sawElse) return;
-    Section& s = m_stack.back();
-    bool v = s.parentActive && !s.taken && Evaluate(rest);
-    s.active = v;
-    s.taken = s.taken || v;
+    m_sections.Elif(condition);
   } else if (name == "else") {
-    if (m_stack.empty() || m_stack.back().sawElse) return;
-    Section& s = m_stack.back();
-    s.active = s.parentActive && !s.taken;
-    s.taken = true;
-    s.sawElse = true;
+    m_sections.Else();
   } else if (name == "endif") {
-    if (!m_stack.empty()) m_stack.pop_back();
+    m_sections.EndIf();
   } else if ((name == "define" || name == "undef") && Active()) {
     size_t k = 0;
     while (k < rest.size() && IsSymbolChar(rest[k])) ++k;

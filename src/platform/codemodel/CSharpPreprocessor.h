@@ -2,9 +2,9 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/codemodel/ConditionalSections.h"
+#include "platform/codemodel/PreprocessorSymbols.h"
 
 namespace platform::codemodel {
 
@@ -20,11 +20,11 @@ class CSharpPreprocessor {
   /// line. #if/#elif/#else/#endif change what is active; #define/#undef change the
   /// symbols when the directive itself is active; every other directive (and any
   /// unknown or malformed one) changes nothing. An #elif/#else/#endif without an open
-  /// #if is ignored.
+  /// #if, and an #elif/#else after the section's #else, are ignored.
   void Directive(std::string_view line);
 
   /// Whether text at this point is active (compiled).
-  bool Active() const { return m_stack.empty() || m_stack.back().active; }
+  bool Active() const { return m_sections.Active(); }
 
   /// The value of the #if condition `expr` (`!`, `&&`, `||`, `==`, `!=`, parentheses,
   /// `true`, `false`, symbols; a trailing `//` comment is allowed). A malformed
@@ -34,14 +34,8 @@ class CSharpPreprocessor {
   bool IsDefined(std::string_view symbol) const { return m_symbols.count(symbol) != 0; }
 
  private:
-  struct Section {
-    bool parentActive;  // the text around the #if is active
-    bool taken;         // some branch of the section was active
-    bool active;        // the current branch is active
-    bool sawElse;
-  };
   std::set<std::string, std::less<>> m_symbols;
-  std::vector<Section> m_stack;
+  ConditionalSections m_sections;
 };
 
 }  // namespace platform::codemodel

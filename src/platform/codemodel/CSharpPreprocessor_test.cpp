@@ -63,6 +63,23 @@ TEST(CSharpPreprocessor, SectionsAndBranches) {
   EXPECT_TRUE(pp.Active());
 }
 
+TEST(CSharpPreprocessor, ElifOrElseAfterElseChangeNothing) {
+  CSharpPreprocessor pp(PreprocessorSymbols{{{"A", ""}}});
+  pp.Directive("if !A");
+  pp.Directive("else");
+  pp.Directive("elif !A");  // malformed: the #else branch goes on
+  EXPECT_TRUE(pp.Active());
+  pp.Directive("endif");
+  pp.Directive("if A");
+  pp.Directive("else");
+  pp.Directive("elif true");
+  EXPECT_FALSE(pp.Active());
+  pp.Directive("else");
+  EXPECT_FALSE(pp.Active());
+  pp.Directive("endif");
+  EXPECT_TRUE(pp.Active());
+}
+
 TEST(CSharpPreprocessor, DefineAndUndef) {
   CSharpPreprocessor pp(PreprocessorSymbols{});
   pp.Directive("define X // comment");

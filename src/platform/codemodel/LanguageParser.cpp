@@ -1,6 +1,7 @@
 #include "platform/codemodel/LanguageParser.h"
 
 #include "platform/codemodel/CSharpParser.h"
+#include "platform/codemodel/CodeModelConstants.h"
 #include "platform/codemodel/VbParser.h"
 
 namespace platform::codemodel {

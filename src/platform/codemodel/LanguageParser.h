@@ -1,18 +1,19 @@
 #pragma once
 #include <string>
 
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/codemodel/DeclarationTree.h"
+#include "platform/codemodel/PreprocessorSymbols.h"
 
 namespace platform::codemodel {
 
-/// A declaration parser for one language: fills a file's code model from its text.
+/// A declaration parser for one language: finds the declarations of a source text.
 class LanguageParser {
  public:
   virtual ~LanguageParser() = default;
-  /// Adds the elements of `model.Text()` to `model`, preprocessing with `symbols`.
+  /// Adds the declarations of `tree.Text()` to `tree`, preprocessing with `symbols`.
   /// Never throws for any input; what it does not understand costs at most that
   /// declaration.
-  virtual void Parse(FileCodeModel& model, const PreprocessorSymbols& symbols) const = 0;
+  virtual void Parse(DeclarationTree& tree, const PreprocessorSymbols& symbols) const = 0;
 };
 
 /// The parser of a code-model language identifier; none for other languages.

@@ -2,8 +2,8 @@
 
 namespace platform::codemodel {
 
-VbBlockParser::VbBlockParser(FileCodeModel& model, const PreprocessorSymbols& symbols)
-    : m_reader(model.Text(), symbols), m_declarations(model) {
+VbBlockParser::VbBlockParser(DeclarationTree& tree, const PreprocessorSymbols& symbols)
+    : m_reader(tree.Text(), symbols), m_declarations(tree) {
   m_frames.push_back({VbBlock::File, nullptr});
 }
 
@@ -135,7 +135,7 @@ void VbBlockParser::InEnum(const VbStatement& st) {
   if (top.element) m_declarations.ReadEnumMember(st, *top.element);
 }
 
-void VbBlockParser::StartBody(CodeElement* member, VbKeyword endKeyword, uint32_t headerEnd) {
+void VbBlockParser::StartBody(Declaration* member, VbKeyword endKeyword, uint32_t headerEnd) {
   m_mode = Mode::Body;
   m_member = member;
   m_memberEnd = endKeyword;
@@ -178,7 +178,7 @@ void VbBlockParser::InLambdaTail(const VbStatement& st) {
   VbKeyword endOf = VbDeclarationParser::EndKeyword(st);
   if ((endOf == VbKeyword::Sub || endOf == VbKeyword::Function) && m_lambdas > 0) --m_lambdas;
   if (EndsWithLambdaHeader(st)) ++m_lambdas;
-  for (CodeElement* e : m_tail) e->end = st.end();
+  for (Declaration* e : m_tail) e->end = st.end();
   if (m_lambdas == 0) m_mode = Mode::Blocks;
 }
 

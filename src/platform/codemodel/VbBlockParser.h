@@ -16,9 +16,9 @@ namespace platform::codemodel {
 /// most that declaration.
 class VbBlockParser {
  public:
-  VbBlockParser(FileCodeModel& model, const PreprocessorSymbols& symbols);
+  VbBlockParser(DeclarationTree& tree, const PreprocessorSymbols& symbols);
 
-  /// Reads the whole text and adds its elements to the model.
+  /// Reads the whole text and adds its declarations to the tree.
   void Run();
 
   /// Whether `st` ends with the header of a multi-line lambda ("Sub(x)" or
@@ -29,7 +29,7 @@ class VbBlockParser {
   enum class Mode { Blocks, Body, PropertyStart, LambdaTail };
   struct Frame {
     VbBlock block;
-    CodeElement* element;
+    Declaration* element;
   };
 
   void Dispatch(const VbStatement& st);
@@ -37,7 +37,7 @@ class VbBlockParser {
   void InEnum(const VbStatement& st);
   void InBody(const VbStatement& st);
   void InLambdaTail(const VbStatement& st);
-  void StartBody(CodeElement* member, VbKeyword endKeyword, uint32_t headerEnd);
+  void StartBody(Declaration* member, VbKeyword endKeyword, uint32_t headerEnd);
   void CloseMember(uint32_t end);
   // End <keyword> at `end`: closes the innermost open block of that kind and the blocks
   // left open inside it; ignored when no such block is open.
@@ -47,12 +47,12 @@ class VbBlockParser {
   VbDeclarationParser m_declarations;
   std::vector<Frame> m_frames;
   Mode m_mode = Mode::Blocks;
-  CodeElement* m_member = nullptr;  // the member whose body is read (none when out of place)
+  Declaration* m_member = nullptr;  // the member whose body is read (none when out of place)
   VbKeyword m_memberEnd = VbKeyword::None;
   int m_lambdas = 0;                // multi-line lambdas open in the body
   uint32_t m_memberLastEnd = 0;     // end of the body's last statement
   uint32_t m_candidateEnd = 0;      // end of an End <memberEnd> taken for a lambda's end
-  std::vector<CodeElement*> m_tail;  // declarations whose initializer holds a multi-line lambda
+  std::vector<Declaration*> m_tail;  // declarations whose initializer holds a multi-line lambda
   uint32_t m_lastEnd = 0;           // end of the last statement read
 };
 

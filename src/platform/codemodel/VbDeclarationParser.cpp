@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "platform/codemodel/CodeModelConstants.h"
 #include "platform/codemodel/DocComment.h"
 #include "platform/codemodel/VbTypeText.h"
 
@@ -311,10 +312,100 @@ void SkipToComma(Cursor& c) {
   }
 }
 
+// The parameter list at c when there is one ('('); an empty list otherwise.
+std::vector<ParameterData> ReadOptionalParameters(Cursor& c, std::string_view text) {
+  if (!c.At(VbPunct::LParen)) return {};
+  return ReadParameters(c, text);
+}
+
+// The type of a function, property or operator: its As clause at c; without one, the
+// type of the name's type character `typeChar` (0: none), else Object.
+std::string ReturnType(Cursor& c, std::string_view text, char typeChar) {
+  std::string type = ReadAsClause(c, text);
+  if (type.empty()) type = typeChar ? std::string(VbTypeOfTypeChar(typeChar)) : "Object";
+  return type;
+}
+
+// One declarator of a field declaration.
+struct FieldDeclarator {
+  const VbToken* name;
+  std::string suffix;        // '?' and array ranks after the name
+  std::string type;          // from As
+  std::string_view literal;  // a constant's literal type
+};
+
+// The declarators at c: name[?][(bounds)] [As [New] Type] [= value], ... An As applies
+// to the declarators before it that have none; `isConst` gives each constant the type of
+// its literal for when it has no As.
+std::vector<FieldDeclarator> ReadDeclarators(Cursor& c, std::string_view text, bool isConst) {
+  std::vector<FieldDeclarator> declarators;
+  size_t untyped = 0;  // declarators from here on still wait for an As
+  while (c.AtName()) {
+    FieldDeclarator dcl{c.p, {}, {}, {}};
+    ++c.p;
+    if (c.At(VbPunct::Question)) {
+      dcl.suffix += '?';
+      ++c.p;
+    }
+    while (c.At(VbPunct::LParen)) {
+      dcl.suffix += RankText(c.p, c.end);
+      c.p = AfterGroup(c.p, c.end);
+    }
+    declarators.push_back(std::move(dcl));
+    if (c.At(VbKeyword::As)) {
+      std::string type = ReadAsClause(c, text);
+      for (size_t j = untyped; j < declarators.size(); ++j) declarators[j].type = type;
+      untyped = declarators.size();
+    }
+    if (c.At(VbPunct::Equals)) {
+      ++c.p;
+      const VbToken* value = c.p;
+      SkipToComma(c);
+      if (isConst) declarators.back().literal = ConstantType(value, c.p, text);
+      untyped = declarators.size();
+    }
+    SkipToComma(c);
+    if (!c.At(VbPunct::Comma)) break;
+    ++c.p;
+  }
+  return declarators;
+}
+
+// Whether a member with `m` standing in `where` has a body up to its End.
+bool HasBody(const Modifiers& m, VbBlock where) { return where != VbBlock::Interface && !m.mustOverride; }
+
+// Whether the operator symbol `symbol` is CType (a conversion).
+bool IsCType(std::string_view symbol) {
+  return symbol.size() == 5 && LookupVbKeyword(symbol) == VbKeyword::None && (symbol[0] | 0x20) == 'c' &&
+         (symbol[1] | 0x20) == 't' && (symbol[2] | 0x20) == 'y' && (symbol[3] | 0x20) == 'p' &&
+         (symbol[4] | 0x20) == 'e';
+}
+
 }  // namespace
 
-VbDeclarationParser::VbDeclarationParser(FileCodeModel& model)
-    : m_model(model), m_text(model.Text()), m_lexer(model.Text()) {}
+/// A declaration statement being read: where it stands, the attributes and
+/// documentation before it, its extent, its modifiers, and the cursor. Every Read...
+/// function for one construct starts with the cursor at the construct's keyword.
+struct VbDeclarationParser::Header {
+  explicit Header(const VbStatement& statement) : st(statement) {}
+  /// The documentation comment lines of the declaration.
+  const std::vector<VbSpan>& Docs() const { return pending ? pendingDocs : st.docComments; }
+
+  const VbStatement& st;
+  VbBlock where = VbBlock::File;
+  Declaration* parent = nullptr;
+  std::vector<Attribute> attributes;
+  std::vector<VbSpan> pendingDocs;  // the documentation before attribute lists that stood alone
+  bool pending = false;             // the attributes began in lists that stood alone
+  size_t next = 0;                  // the first token after the attribute lists
+  uint32_t start = 0;
+  uint32_t end = 0;
+  Modifiers modifiers;
+  Cursor c{nullptr, nullptr};
+};
+
+VbDeclarationParser::VbDeclarationParser(DeclarationTree& tree)
+    : m_tree(tree), m_text(tree.Text()), m_lexer(tree.Text()) {}
 
 std::string VbDeclarationParser::DocText(const std::vector<VbSpan>& docs) const {
   if (docs.empty()) return "";
@@ -329,14 +420,14 @@ std::string VbDeclarationParser::DocText(const std::vector<VbSpan>& docs) const 
   return WrapDocComment(lines);
 }
 
-CodeElement& VbDeclarationParser::Add(CodeElement* parent, int kind, uint32_t start, uint32_t end,
+Declaration& VbDeclarationParser::Add(Declaration* parent, int kind, uint32_t start, uint32_t end,
                                       const std::vector<Attribute>& attributes, const std::vector<VbSpan>& docs) {
-  CodeElement& e = m_model.AddElement(parent, kind);
+  Declaration& e = m_tree.AddDeclaration(parent, kind);
   e.start = start;
   e.end = end;
   e.docComment = DocText(docs);
   for (const Attribute& a : attributes) {
-    CodeElement& attr = m_model.AddAttribute(e);
+    Declaration& attr = m_tree.AddAttribute(e);
     attr.name = a.name;
     attr.start = a.start;
     attr.end = a.end;
@@ -374,7 +465,7 @@ size_t VbDeclarationParser::ReadAttributes(const VbStatement& st, size_t i, std:
       }
       Attribute a{nameBegin->offset, attrEnd, VbJoinTokens(m_text, nameBegin, nameEnd)};
       if (target) {
-        CodeElement& e = m_model.AddElement(nullptr, vsCMElementAttribute);
+        Declaration& e = m_tree.AddDeclaration(nullptr, vsCMElementAttribute);
         e.name = std::move(a.name);
         e.start = a.start;
         e.end = a.end;
@@ -434,336 +525,301 @@ VbKeyword VbDeclarationParser::EndKeyword(const VbStatement& st) {
   return VbKeyword::End;
 }
 
-void VbDeclarationParser::ReadEnumMember(const VbStatement& st, CodeElement& owner) {
-  std::vector<Attribute> attributes;
-  std::vector<VbSpan> docs;
-  bool pending = !m_pendingAttributes.empty();
-  if (pending) {
-    attributes.swap(m_pendingAttributes);
-    docs.swap(m_pendingDocs);
+bool VbDeclarationParser::ReadPreamble(Header& h) {
+  h.pending = !m_pendingAttributes.empty();
+  if (h.pending) {
+    h.attributes.swap(m_pendingAttributes);
+    h.pendingDocs.swap(m_pendingDocs);
   }
-  size_t i = ReadAttributes(st, 0, attributes);
-  if (i >= st.tokens.size()) {
-    if (!pending) docs = st.docComments;
-    m_pendingAttributes.swap(attributes);
-    m_pendingDocs.swap(docs);
-    return;
+  h.next = ReadAttributes(h.st, 0, h.attributes);
+  if (h.next < h.st.tokens.size()) return true;
+  // Attribute lists alone: they and the documentation before them wait for the
+  // declaration that follows.
+  if (!h.attributes.empty()) {
+    if (!h.pending) h.pendingDocs = h.st.docComments;
+    m_pendingAttributes.swap(h.attributes);
+    m_pendingDocs.swap(h.pendingDocs);
   }
-  const VbToken& name = st.tokens[i];
+  return false;
+}
+
+Declaration& VbDeclarationParser::AddDeclared(Header& h, int kind, VbDeclaration& d) {
+  Declaration& e = Add(h.parent, kind, h.start, h.end, h.attributes, h.Docs());
+  d.elements.push_back(&e);
+  return e;
+}
+
+void VbDeclarationParser::ReadEnumMember(const VbStatement& st, Declaration& owner) {
+  Header h(st);
+  if (!ReadPreamble(h)) return;
+  const VbToken& name = st.tokens[h.next];
   if (!IsName(name)) return;
-  CodeElement& e = Add(&owner, vsCMElementVariable, name.offset, st.end(), attributes, pending ? docs : st.docComments);
+  Declaration& e = Add(&owner, vsCMElementVariable, name.offset, st.end(), h.attributes, h.Docs());
   e.name = std::string(m_text.substr(name.offset, name.length));
   e.access = vsCMAccessPublic;
   e.prototypeType = owner.name;
 }
 
-VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, CodeElement* parent) {
-  VbDeclaration d;
-  std::vector<Attribute> attributes;
-  std::vector<VbSpan> pendingDocs;
-  bool pending = !m_pendingAttributes.empty();
-  if (pending) {
-    attributes.swap(m_pendingAttributes);
-    pendingDocs.swap(m_pendingDocs);
-  }
-  size_t i = ReadAttributes(st, 0, attributes);
-  if (i >= st.tokens.size()) {
-    // Attribute lists alone: they and the documentation before them wait for the
-    // declaration that follows.
-    if (!attributes.empty()) {
-      if (!pending) pendingDocs = st.docComments;
-      m_pendingAttributes.swap(attributes);
-      m_pendingDocs.swap(pendingDocs);
-      d.what = VbDeclaration::What::Attributes;
-    }
+VbDeclaration VbDeclarationParser::Read(const VbStatement& st, VbBlock where, Declaration* parent) {
+  Header h(st);
+  if (!ReadPreamble(h)) {
+    VbDeclaration d;
+    if (!m_pendingAttributes.empty()) d.what = VbDeclaration::What::Attributes;
     return d;
   }
-  const std::vector<VbSpan>& docs = pending ? pendingDocs : st.docComments;
-  static const std::vector<VbSpan> kNoDocs;
-  const std::string_view text = m_text;
-  const uint32_t start = st.tokens[i].offset;
-  const uint32_t end = st.end();
-  Cursor c{st.tokens.data() + i, st.tokens.data() + st.tokens.size()};
-  Modifiers m = ReadModifiers(c);
-  if (c.Done()) return d;
-  const bool inType = InType(where);
-  auto add = [&](int kind) -> CodeElement& {
-    CodeElement& e = Add(parent, kind, start, end, attributes, docs);
-    d.elements.push_back(&e);
-    return e;
-  };
-
-  VbKeyword k = c.p->kind == VbTokenKind::Identifier ? c.p->keyword : VbKeyword::None;
+  h.where = where;
+  h.parent = parent;
+  h.start = st.tokens[h.next].offset;
+  h.end = st.end();
+  h.c = Cursor{st.tokens.data() + h.next, st.tokens.data() + st.tokens.size()};
+  h.modifiers = ReadModifiers(h.c);
+  if (h.c.Done()) return {};
+  VbKeyword k = h.c.p->kind == VbTokenKind::Identifier ? h.c.p->keyword : VbKeyword::None;
   switch (k) {
-    case VbKeyword::End:
+    case VbKeyword::End: {
+      VbDeclaration d;
       d.what = VbDeclaration::What::End;
       d.endKeyword = EndKeyword(st);
       return d;
-
-    case VbKeyword::Namespace: {
-      ++c.p;
-      CodeElement& e = add(vsCMElementNamespace);
-      e.name = VbJoinTokens(text, c.p, c.end);
-      d.what = VbDeclaration::What::Block;
-      d.block = VbBlock::Namespace;
-      d.element = &e;
-      return d;
     }
-
+    case VbKeyword::Namespace: return ReadNamespace(h);
     case VbKeyword::Module: case VbKeyword::Class: case VbKeyword::Structure: case VbKeyword::Interface:
-    case VbKeyword::Enum: {
-      ++c.p;
-      static constexpr std::pair<VbKeyword, std::pair<int, VbBlock>> kBlocks[] = {
-          {VbKeyword::Module, {vsCMElementModule, VbBlock::Module}},
-          {VbKeyword::Class, {vsCMElementClass, VbBlock::Class}},
-          {VbKeyword::Structure, {vsCMElementStruct, VbBlock::Structure}},
-          {VbKeyword::Interface, {vsCMElementInterface, VbBlock::Interface}},
-          {VbKeyword::Enum, {vsCMElementEnum, VbBlock::Enum}},
-      };
-      int kind = vsCMElementClass;
-      for (const auto& [word, what] : kBlocks) {
-        if (word != k) continue;
-        kind = what.first;
-        d.block = what.second;
-      }
-      char typeChar;
-      CodeElement& e = add(kind);
-      e.name = ReadName(c, text, &typeChar);
-      e.access = TypeAccess(m, where);
-      d.what = VbDeclaration::What::Block;
-      d.element = &e;
-      return d;
-    }
-
-    case VbKeyword::Sub: case VbKeyword::Function: {
-      bool isFunction = k == VbKeyword::Function;
-      ++c.p;
-      std::string name;
-      char typeChar = 0;
-      if (c.At(VbKeyword::New)) {
-        name = "New";
-        ++c.p;
-      } else {
-        name = ReadName(c, text, &typeChar);
-      }
-      SkipTypeParameters(c);
-      std::vector<ParameterData> params;
-      if (c.At(VbPunct::LParen)) params = ReadParameters(c, text);
-      std::string type;
-      if (isFunction) {
-        type = ReadAsClause(c, text);
-        if (type.empty()) type = typeChar ? std::string(VbTypeOfTypeChar(typeChar)) : "Object";
-      }
-      d.endKeyword = k;
-      bool hasBody = where != VbBlock::Interface && !m.mustOverride;
-      d.what = hasBody ? VbDeclaration::What::Body : VbDeclaration::What::Single;
-      if (!inType || name.empty()) return d;  // out of place: its body is skipped all the same
-      CodeElement& e = add(vsCMElementFunction);
-      e.name = std::move(name);
-      e.access = MemberAccess(m);
-      e.parameters = std::move(params);
-      e.prototypeType = std::move(type);
-      d.element = &e;
-      return d;
-    }
-
-    case VbKeyword::Operator: {
-      ++c.p;
-      std::string symbol;
-      if (!c.Done() && !c.At(VbPunct::LParen)) {
-        symbol = std::string(text.substr(c.p->offset, c.p->length));
-        ++c.p;
-      }
-      std::vector<ParameterData> params;
-      if (c.At(VbPunct::LParen)) params = ReadParameters(c, text);
-      std::string type = ReadAsClause(c, text);
-      if (type.empty()) type = "Object";
-      d.endKeyword = VbKeyword::Operator;
-      d.what = where != VbBlock::Interface && !m.mustOverride ? VbDeclaration::What::Body : VbDeclaration::What::Single;
-      if (!inType || symbol.empty()) return d;
-      CodeElement& e = add(vsCMElementFunction);
-      bool conversion = symbol.size() == 5 && LookupVbKeyword(symbol) == VbKeyword::None &&
-                        (symbol[0] | 0x20) == 'c' && (symbol[1] | 0x20) == 't' && (symbol[2] | 0x20) == 'y' &&
-                        (symbol[3] | 0x20) == 'p' && (symbol[4] | 0x20) == 'e';
-      if (conversion && (m.widening || m.narrowing)) e.name = (m.widening ? "implicit operator " : "explicit operator ") + type;
-      else e.name = "operator " + symbol;
-      e.access = MemberAccess(m);
-      e.parameters = std::move(params);
-      e.prototypeType = std::move(type);
-      d.element = &e;
-      return d;
-    }
-
-    case VbKeyword::Property: {
-      ++c.p;
-      char typeChar;
-      std::string name = ReadName(c, text, &typeChar);
-      std::vector<ParameterData> params;
-      if (c.At(VbPunct::LParen)) params = ReadParameters(c, text);
-      std::string type = ReadAsClause(c, text);
-      if (type.empty()) type = typeChar ? std::string(VbTypeOfTypeChar(typeChar)) : "Object";
-      d.endKeyword = VbKeyword::Property;
-      d.what = where == VbBlock::Interface || m.mustOverride ? VbDeclaration::What::Single
-                                                            : VbDeclaration::What::PropertyHeader;
-      if (!inType || name.empty()) return d;
-      CodeElement& e = add(vsCMElementProperty);
-      e.name = std::move(name);
-      e.access = MemberAccess(m);
-      if (!params.empty()) e.parameters = std::move(params);
-      e.prototypeType = std::move(type);
-      d.element = &e;
-      return d;
-    }
-
-    case VbKeyword::Event: {
-      ++c.p;
-      char typeChar;
-      std::string name = ReadName(c, text, &typeChar);
-      std::vector<ParameterData> params;
-      if (c.At(VbPunct::LParen)) params = ReadParameters(c, text);
-      std::string type = ReadAsClause(c, text);
-      d.endKeyword = VbKeyword::Event;
-      d.what = m.custom && where != VbBlock::Interface ? VbDeclaration::What::Body : VbDeclaration::What::Single;
-      if (!inType || name.empty()) return d;
-      CodeElement& e = add(vsCMElementEvent);
-      e.name = std::move(name);
-      e.access = MemberAccess(m);
-      if (!params.empty()) e.parameters = std::move(params);
-      e.prototypeType = std::move(type);
-      d.element = &e;
-      return d;
-    }
-
-    case VbKeyword::Delegate: {
-      ++c.p;
-      bool isFunction = c.At(VbKeyword::Function);
-      if (!isFunction && !c.At(VbKeyword::Sub)) return d;
-      ++c.p;
-      char typeChar;
-      std::string name = ReadName(c, text, &typeChar);
-      if (name.empty() || where == VbBlock::Enum) return d;
-      SkipTypeParameters(c);
-      std::vector<ParameterData> params;
-      if (c.At(VbPunct::LParen)) params = ReadParameters(c, text);
-      std::string type;
-      if (isFunction) {
-        type = ReadAsClause(c, text);
-        if (type.empty()) type = typeChar ? std::string(VbTypeOfTypeChar(typeChar)) : "Object";
-      }
-      CodeElement& e = add(vsCMElementDelegate);
-      e.name = std::move(name);
-      e.access = TypeAccess(m, where);
-      e.parameters = std::move(params);
-      e.prototypeType = std::move(type);
-      d.what = VbDeclaration::What::Single;
-      d.element = &e;
-      return d;
-    }
-
-    case VbKeyword::Declare: {
-      ++c.p;
-      while (c.At(VbKeyword::Ansi) || c.At(VbKeyword::Unicode) || c.At(VbKeyword::Auto)) ++c.p;
-      bool isFunction = c.At(VbKeyword::Function);
-      if (!isFunction && !c.At(VbKeyword::Sub)) return d;
-      ++c.p;
-      char typeChar;
-      std::string name = ReadName(c, text, &typeChar);
-      if (name.empty() || !inType) return d;
-      // Lib "file" [Alias "name"]
-      while (!c.Done() && !c.At(VbPunct::LParen) && !c.At(VbKeyword::As)) ++c.p;
-      std::vector<ParameterData> params;
-      if (c.At(VbPunct::LParen)) params = ReadParameters(c, text);
-      std::string type;
-      if (isFunction) {
-        type = ReadAsClause(c, text);
-        if (type.empty()) type = typeChar ? std::string(VbTypeOfTypeChar(typeChar)) : "Object";
-      }
-      CodeElement& e = add(vsCMElementDeclareDecl);
-      e.name = std::move(name);
-      e.access = MemberAccess(m);
-      e.parameters = std::move(params);
-      e.prototypeType = std::move(type);
-      d.what = VbDeclaration::What::Single;
-      d.element = &e;
-      return d;
-    }
-
-    case VbKeyword::Imports: {
-      if (where != VbBlock::File || m.any) return d;
-      ++c.p;
-      while (!c.Done()) {
-        const VbToken* clause = c.p;
-        SkipToComma(c);
-        const VbToken* clauseEnd = c.p;
-        if (c.At(VbPunct::Comma)) ++c.p;
-        if (clause == clauseEnd || clause->kind == VbTokenKind::Xml || clause->Is(VbPunct::Less)) continue;
-        // Imports Alias = Name: the element is named by what it imports.
-        if (clause + 2 < clauseEnd && clause[1].Is(VbPunct::Equals)) clause += 2;
-        CodeElement& e = Add(nullptr, vsCMElementImportStmt, start, end, {}, kNoDocs);
-        e.name = VbJoinTokens(text, clause, clauseEnd);
-        d.elements.push_back(&e);
-      }
-      d.what = VbDeclaration::What::Single;
-      return d;
-    }
-
-    case VbKeyword::Option: {
-      if (where != VbBlock::File || m.any) return d;
-      CodeElement& e = Add(nullptr, vsCMElementOptionStmt, start, end, {}, docs);
-      e.name = VbJoinTokens(text, c.p, c.end);
-      d.elements.push_back(&e);
-      d.what = VbDeclaration::What::Single;
-      return d;
-    }
-
-    default:
-      break;
+    case VbKeyword::Enum:
+      return ReadTypeBlock(h, k);
+    case VbKeyword::Sub: case VbKeyword::Function: return ReadMethod(h, k);
+    case VbKeyword::Operator: return ReadOperator(h);
+    case VbKeyword::Property: return ReadProperty(h);
+    case VbKeyword::Event: return ReadEvent(h);
+    case VbKeyword::Delegate: return ReadDelegate(h);
+    case VbKeyword::Declare: return ReadDeclare(h);
+    case VbKeyword::Imports: return ReadImports(h);
+    case VbKeyword::Option: return ReadOption(h);
+    default: return ReadFields(h);
   }
+}
 
-  // Fields: [modifiers] name[?][(bounds)] [As [New] Type] [= value], name ...
-  if (!m.any || !c.AtName()) return d;
-  if (where != VbBlock::Class && where != VbBlock::Module && where != VbBlock::Structure) return d;
-  struct Declarator {
-    const VbToken* name;
-    std::string suffix;
-    std::string type;          // from As
-    std::string_view literal;  // a constant's literal type
+VbDeclaration VbDeclarationParser::ReadNamespace(Header& h) {
+  VbDeclaration d;
+  ++h.c.p;
+  Declaration& e = AddDeclared(h, vsCMElementNamespace, d);
+  e.name = VbJoinTokens(m_text, h.c.p, h.c.end);
+  d.what = VbDeclaration::What::Block;
+  d.block = VbBlock::Namespace;
+  d.element = &e;
+  return d;
+}
+
+VbDeclaration VbDeclarationParser::ReadTypeBlock(Header& h, VbKeyword keyword) {
+  static constexpr std::pair<VbKeyword, std::pair<int, VbBlock>> kBlocks[] = {
+      {VbKeyword::Module, {vsCMElementModule, VbBlock::Module}},
+      {VbKeyword::Class, {vsCMElementClass, VbBlock::Class}},
+      {VbKeyword::Structure, {vsCMElementStruct, VbBlock::Structure}},
+      {VbKeyword::Interface, {vsCMElementInterface, VbBlock::Interface}},
+      {VbKeyword::Enum, {vsCMElementEnum, VbBlock::Enum}},
   };
-  std::vector<Declarator> declarators;
-  size_t untyped = 0;  // declarators from here on still wait for an As
-  while (c.AtName()) {
-    Declarator dcl{c.p, {}, {}, {}};
+  VbDeclaration d;
+  ++h.c.p;
+  int kind = vsCMElementClass;
+  for (const auto& [word, what] : kBlocks) {
+    if (word != keyword) continue;
+    kind = what.first;
+    d.block = what.second;
+  }
+  char typeChar;
+  Declaration& e = AddDeclared(h, kind, d);
+  e.name = ReadName(h.c, m_text, &typeChar);
+  e.access = TypeAccess(h.modifiers, h.where);
+  d.what = VbDeclaration::What::Block;
+  d.element = &e;
+  return d;
+}
+
+VbDeclaration VbDeclarationParser::ReadMethod(Header& h, VbKeyword keyword) {
+  Cursor& c = h.c;
+  ++c.p;
+  std::string name;
+  char typeChar = 0;
+  if (c.At(VbKeyword::New)) {
+    name = "New";
     ++c.p;
-    if (c.At(VbPunct::Question)) {
-      dcl.suffix += '?';
-      ++c.p;
-    }
-    while (c.At(VbPunct::LParen)) {
-      dcl.suffix += RankText(c.p, c.end);
-      c.p = AfterGroup(c.p, c.end);
-    }
-    declarators.push_back(std::move(dcl));
-    if (c.At(VbKeyword::As)) {
-      std::string type = ReadAsClause(c, text);
-      for (size_t j = untyped; j < declarators.size(); ++j) declarators[j].type = type;
-      untyped = declarators.size();
-    }
-    if (c.At(VbPunct::Equals)) {
-      ++c.p;
-      const VbToken* value = c.p;
-      SkipToComma(c);
-      if (m.isConst) declarators.back().literal = ConstantType(value, c.p, text);
-      untyped = declarators.size();
-    }
-    SkipToComma(c);
-    if (!c.At(VbPunct::Comma)) break;
+  } else {
+    name = ReadName(c, m_text, &typeChar);
+  }
+  SkipTypeParameters(c);
+  std::vector<ParameterData> params = ReadOptionalParameters(c, m_text);
+  std::string type = keyword == VbKeyword::Function ? ReturnType(c, m_text, typeChar) : "";
+  VbDeclaration d;
+  d.endKeyword = keyword;
+  d.what = HasBody(h.modifiers, h.where) ? VbDeclaration::What::Body : VbDeclaration::What::Single;
+  if (!InType(h.where) || name.empty()) return d;  // out of place: its body is skipped all the same
+  Declaration& e = AddDeclared(h, vsCMElementFunction, d);
+  e.name = std::move(name);
+  e.access = MemberAccess(h.modifiers);
+  e.parameters = std::move(params);
+  e.prototypeType = std::move(type);
+  d.element = &e;
+  return d;
+}
+
+VbDeclaration VbDeclarationParser::ReadOperator(Header& h) {
+  Cursor& c = h.c;
+  ++c.p;
+  std::string symbol;
+  if (!c.Done() && !c.At(VbPunct::LParen)) {
+    symbol = std::string(m_text.substr(c.p->offset, c.p->length));
     ++c.p;
   }
-  int access = ExplicitAccess(m).value_or(where == VbBlock::Structure ? vsCMAccessPublic : vsCMAccessPrivate);
+  std::vector<ParameterData> params = ReadOptionalParameters(c, m_text);
+  std::string type = ReturnType(c, m_text, 0);
+  VbDeclaration d;
+  d.endKeyword = VbKeyword::Operator;
+  d.what = HasBody(h.modifiers, h.where) ? VbDeclaration::What::Body : VbDeclaration::What::Single;
+  if (!InType(h.where) || symbol.empty()) return d;
+  Declaration& e = AddDeclared(h, vsCMElementFunction, d);
+  const Modifiers& m = h.modifiers;
+  if (IsCType(symbol) && (m.widening || m.narrowing))
+    e.name = (m.widening ? "implicit operator " : "explicit operator ") + type;
+  else
+    e.name = "operator " + symbol;
+  e.access = MemberAccess(m);
+  e.parameters = std::move(params);
+  e.prototypeType = std::move(type);
+  d.element = &e;
+  return d;
+}
+
+VbDeclaration VbDeclarationParser::ReadProperty(Header& h) {
+  Cursor& c = h.c;
+  ++c.p;
+  char typeChar;
+  std::string name = ReadName(c, m_text, &typeChar);
+  std::vector<ParameterData> params = ReadOptionalParameters(c, m_text);
+  std::string type = ReturnType(c, m_text, typeChar);
+  VbDeclaration d;
+  d.endKeyword = VbKeyword::Property;
+  d.what = HasBody(h.modifiers, h.where) ? VbDeclaration::What::PropertyHeader : VbDeclaration::What::Single;
+  if (!InType(h.where) || name.empty()) return d;
+  Declaration& e = AddDeclared(h, vsCMElementProperty, d);
+  e.name = std::move(name);
+  e.access = MemberAccess(h.modifiers);
+  if (!params.empty()) e.parameters = std::move(params);
+  e.prototypeType = std::move(type);
+  d.element = &e;
+  return d;
+}
+
+VbDeclaration VbDeclarationParser::ReadEvent(Header& h) {
+  Cursor& c = h.c;
+  ++c.p;
+  char typeChar;
+  std::string name = ReadName(c, m_text, &typeChar);
+  std::vector<ParameterData> params = ReadOptionalParameters(c, m_text);
+  std::string type = ReadAsClause(c, m_text);
+  VbDeclaration d;
+  d.endKeyword = VbKeyword::Event;
+  d.what = h.modifiers.custom && h.where != VbBlock::Interface ? VbDeclaration::What::Body
+                                                               : VbDeclaration::What::Single;
+  if (!InType(h.where) || name.empty()) return d;
+  Declaration& e = AddDeclared(h, vsCMElementEvent, d);
+  e.name = std::move(name);
+  e.access = MemberAccess(h.modifiers);
+  if (!params.empty()) e.parameters = std::move(params);
+  e.prototypeType = std::move(type);
+  d.element = &e;
+  return d;
+}
+
+VbDeclaration VbDeclarationParser::ReadDelegate(Header& h) {
+  Cursor& c = h.c;
+  ++c.p;
+  bool isFunction = c.At(VbKeyword::Function);
+  if (!isFunction && !c.At(VbKeyword::Sub)) return {};
+  ++c.p;
+  char typeChar;
+  std::string name = ReadName(c, m_text, &typeChar);
+  if (name.empty() || h.where == VbBlock::Enum) return {};
+  SkipTypeParameters(c);
+  std::vector<ParameterData> params = ReadOptionalParameters(c, m_text);
+  std::string type = isFunction ? ReturnType(c, m_text, typeChar) : "";
+  VbDeclaration d;
+  Declaration& e = AddDeclared(h, vsCMElementDelegate, d);
+  e.name = std::move(name);
+  e.access = TypeAccess(h.modifiers, h.where);
+  e.parameters = std::move(params);
+  e.prototypeType = std::move(type);
+  d.what = VbDeclaration::What::Single;
+  d.element = &e;
+  return d;
+}
+
+VbDeclaration VbDeclarationParser::ReadDeclare(Header& h) {
+  Cursor& c = h.c;
+  ++c.p;
+  while (c.At(VbKeyword::Ansi) || c.At(VbKeyword::Unicode) || c.At(VbKeyword::Auto)) ++c.p;
+  bool isFunction = c.At(VbKeyword::Function);
+  if (!isFunction && !c.At(VbKeyword::Sub)) return {};
+  ++c.p;
+  char typeChar;
+  std::string name = ReadName(c, m_text, &typeChar);
+  if (name.empty() || !InType(h.where)) return {};
+  // Lib "file" [Alias "name"]
+  while (!c.Done() && !c.At(VbPunct::LParen) && !c.At(VbKeyword::As)) ++c.p;
+  std::vector<ParameterData> params = ReadOptionalParameters(c, m_text);
+  std::string type = isFunction ? ReturnType(c, m_text, typeChar) : "";
+  VbDeclaration d;
+  Declaration& e = AddDeclared(h, vsCMElementDeclareDecl, d);
+  e.name = std::move(name);
+  e.access = MemberAccess(h.modifiers);
+  e.parameters = std::move(params);
+  e.prototypeType = std::move(type);
+  d.what = VbDeclaration::What::Single;
+  d.element = &e;
+  return d;
+}
+
+VbDeclaration VbDeclarationParser::ReadImports(Header& h) {
+  if (h.where != VbBlock::File || h.modifiers.any) return {};
+  static const std::vector<VbSpan> kNoDocs;
+  Cursor& c = h.c;
+  ++c.p;
+  VbDeclaration d;
+  while (!c.Done()) {
+    const VbToken* clause = c.p;
+    SkipToComma(c);
+    const VbToken* clauseEnd = c.p;
+    if (c.At(VbPunct::Comma)) ++c.p;
+    if (clause == clauseEnd || clause->kind == VbTokenKind::Xml || clause->Is(VbPunct::Less)) continue;
+    // Imports Alias = Name: the element is named by what it imports.
+    if (clause + 2 < clauseEnd && clause[1].Is(VbPunct::Equals)) clause += 2;
+    Declaration& e = Add(nullptr, vsCMElementImportStmt, h.start, h.end, {}, kNoDocs);
+    e.name = VbJoinTokens(m_text, clause, clauseEnd);
+    d.elements.push_back(&e);
+  }
+  d.what = VbDeclaration::What::Single;
+  return d;
+}
+
+VbDeclaration VbDeclarationParser::ReadOption(Header& h) {
+  if (h.where != VbBlock::File || h.modifiers.any) return {};
+  VbDeclaration d;
+  Declaration& e = Add(nullptr, vsCMElementOptionStmt, h.start, h.end, {}, h.Docs());
+  e.name = VbJoinTokens(m_text, h.c.p, h.c.end);
+  d.elements.push_back(&e);
+  d.what = VbDeclaration::What::Single;
+  return d;
+}
+
+VbDeclaration VbDeclarationParser::ReadFields(Header& h) {
+  const Modifiers& m = h.modifiers;
+  if (!m.any || !h.c.AtName()) return {};
+  if (h.where != VbBlock::Class && h.where != VbBlock::Module && h.where != VbBlock::Structure) return {};
+  std::vector<FieldDeclarator> declarators = ReadDeclarators(h.c, m_text, m.isConst);
+  int access = ExplicitAccess(m).value_or(h.where == VbBlock::Structure ? vsCMAccessPublic : vsCMAccessPrivate);
   if (m.withEvents) access += vsCMAccessWithEvents;
-  for (const Declarator& dcl : declarators) {
-    CodeElement& e = add(vsCMElementVariable);
-    e.name = std::string(text.substr(dcl.name->offset, dcl.name->length));
+  VbDeclaration d;
+  for (const FieldDeclarator& dcl : declarators) {
+    Declaration& e = AddDeclared(h, vsCMElementVariable, d);
+    e.name = std::string(m_text.substr(dcl.name->offset, dcl.name->length));
     e.access = access;
     std::string type = dcl.type;
     if (type.empty()) type = VbTypeOfTypeChar(dcl.name->typeChar);

@@ -4,8 +4,8 @@
 
 namespace platform::codemodel {
 
-void VbParser::Parse(FileCodeModel& model, const PreprocessorSymbols& symbols) const {
-  VbBlockParser parser(model, symbols);
+void VbParser::Parse(DeclarationTree& tree, const PreprocessorSymbols& symbols) const {
+  VbBlockParser parser(tree, symbols);
   parser.Run();
 }
 

@@ -6,7 +6,7 @@ namespace platform::codemodel {
 /// The Visual Basic declaration parser.
 class VbParser : public LanguageParser {
  public:
-  void Parse(FileCodeModel& model, const PreprocessorSymbols& symbols) const override;
+  void Parse(DeclarationTree& tree, const PreprocessorSymbols& symbols) const override;
 };
 
 }  // namespace platform::codemodel

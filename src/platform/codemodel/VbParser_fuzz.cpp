@@ -1,5 +1,5 @@
-// libFuzzer target: the VB code model of arbitrary bytes. Besides crashes, hangs and
-// sanitizer reports, it stops on a model whose shape is wrong: an element outside the
+// libFuzzer target: the VB declarations of arbitrary bytes. Besides crashes, hangs and
+// sanitizer reports, it stops on a tree whose shape is wrong: a declaration outside the
 // text, ending before it starts, or a member outside its parent.
 #include <cstddef>
 #include <cstdint>
@@ -7,38 +7,34 @@
 #include <sstream>
 #include <string>
 
-#include "platform/automation/Document.h"
 #include "platform/codemodel/CodeModelJson.h"
+#include "platform/codemodel/VbParser.h"
 
 namespace {
 
-using platform::codemodel::CodeElement;
+using platform::codemodel::Declaration;
 
-void Check(const std::vector<CodeElement*>& elements, uint32_t from, uint32_t to) {
-  for (const CodeElement* e : elements) {
-    if (e->start > e->end || e->start < from || e->end > to) std::abort();
-    for (const CodeElement* a : e->attributes())
+void Check(const std::vector<Declaration*>& declarations, uint32_t from, uint32_t to) {
+  for (const Declaration* d : declarations) {
+    if (d->start > d->end || d->start < from || d->end > to) std::abort();
+    for (const Declaration* a : d->attributes)
       if (a->start > a->end || a->end > to) std::abort();
-    if (e->parameters)
-      for (const auto& p : *e->parameters)
+    if (d->parameters)
+      for (const auto& p : *d->parameters)
         if (p.name.empty()) std::abort();
-    Check(e->members(), e->start, e->end);
+    Check(d->members, d->start, d->end);
   }
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  std::string text(reinterpret_cast<const char*>(data), size);
+  const std::string text(reinterpret_cast<const char*>(data), size);
   platform::codemodel::PreprocessorSymbols symbols{{{"DEBUG", "-1"}, {"TARGET", "\"exe\""}}};
-  auto doc = platform::automation::Document::FromText("F.vb", text, platform::codemodel::vsCMLanguageVB, symbols);
-  auto model = doc->CodeModel();
-  if (!model) std::abort();
-  auto top = model->CodeElements();
-  std::vector<CodeElement*> roots;
-  for (int i = 1; i <= top->Count(); ++i) roots.push_back(top->Item(i).get());
-  Check(roots, 0, static_cast<uint32_t>(size));
+  platform::codemodel::DeclarationTree tree(text);
+  platform::codemodel::VbParser().Parse(tree, symbols);
+  Check(tree.TopLevel(), 0, static_cast<uint32_t>(size));
   std::ostringstream json;
-  platform::codemodel::WriteCodeModelJson(json, *model, "F.vb");
+  platform::codemodel::WriteCodeModelJson(json, tree, "F.vb");
   return 0;
 }

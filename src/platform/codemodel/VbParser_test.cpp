@@ -2,71 +2,37 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
+#include <string_view>
 
-#include "platform/automation/Document.h"
-#include "platform/automation/TextPoint.h"
-#include "platform/core/Error.h"
-#include "testsupport/ErrorOf.h"
+#include "platform/codemodel/CodeModelConstants.h"
+#include "platform/codemodel/LineIndex.h"
 
 namespace platform::codemodel {
 namespace {
 
-using testsupport::ErrorOf;
-
-Ref<automation::Document> Open(const std::string& text, PreprocessorSymbols symbols = {}) {
-  return automation::Document::FromText("A.vb", text, vsCMLanguageVB, std::move(symbols));
+// The declarations of `text`, which must outlive them.
+DeclarationTree Parse(std::string_view text, const PreprocessorSymbols& symbols = {}) {
+  DeclarationTree tree(text);
+  VbParser().Parse(tree, symbols);
+  return tree;
 }
 
-TEST(VbParser, ElementsReadThroughTheAutomationModel) {
-  auto doc = Open(
-      "Namespace N\r\n"
-      "  ''' <summary>Thing</summary>\r\n"
-      "  <Serializable>\r\n"
-      "  Public Class C\r\n"
-      "    Property P As Integer\r\n"
-      "    Function F(x As Integer) As String\r\n"
-      "      Return \"\"\r\n"
-      "    End Function\r\n"
-      "  End Class\r\n"
-      "End Namespace\r\n");
-  auto model = doc->CodeModel();
-  ASSERT_TRUE(model);
-  EXPECT_EQ(model->Language(), vsCMLanguageVB);
-  ASSERT_EQ(model->CodeElements()->Count(), 1);
-  auto ns = model->CodeElements()->Item(1);
-  EXPECT_EQ(ns->Kind(), vsCMElementNamespace);
-  EXPECT_EQ(ErrorOf([&] { ns->Access(); }), err::kNotSupported);
-  EXPECT_EQ(ErrorOf([&] { ns->Prototype(vsCMPrototypeType); }), err::kNotSupported);
-  auto c = ns->Members()->Item(1);
-  EXPECT_EQ(c->Name(), "C");
-  EXPECT_EQ(c->Access(), vsCMAccessPublic);
-  EXPECT_EQ(c->DocComment(), "<doc>\r\n<summary>Thing</summary>\r\n</doc>");
-  EXPECT_EQ(c->StartPoint()->Line(), 4);
-  EXPECT_EQ(c->StartPoint()->LineCharOffset(), 3);
-  EXPECT_EQ(c->EndPoint()->Line(), 9);
-  EXPECT_EQ(c->EndPoint()->LineCharOffset(), 12);  // just after "End Class"
-  ASSERT_EQ(c->Attributes()->Count(), 1);
-  EXPECT_EQ(c->Attributes()->Item(1)->StartPoint()->Line(), 3);
-  EXPECT_EQ(c->Attributes()->Item(1)->StartPoint()->LineCharOffset(), 4);  // the name, after '<'
-  EXPECT_EQ(As<CodeElement>(c->Parent())->Name(), "N");
-  auto p = c->Members()->Item(1);
-  EXPECT_EQ(p->Prototype(vsCMPrototypeType), "Integer P");
-  EXPECT_EQ(ErrorOf([&] { p->Parameters(); }), err::kNotSupported);
-  EXPECT_EQ(ErrorOf([&] { p->Members(); }), err::kNotSupported);
-  auto f = c->Members()->Item(2);
-  EXPECT_EQ(f->Prototype(vsCMPrototypeType), "String F");
-  EXPECT_EQ(f->Prototype(0), "F");
-  ASSERT_EQ(f->Parameters()->Count(), 1);
-  EXPECT_EQ(f->Parameters()->Item(1)->Type()->AsString(), "Integer");
-  EXPECT_EQ(model->CodeElementFromLine(7)->Name(), "F");
-  EXPECT_EQ(model->CodeElementFromLine(5)->Name(), "P");
-  EXPECT_EQ(model->CodeElementFromLine(3)->Name(), "N");  // an attribute line is not the class's
+// The line of the end of `d`, a declaration of `tree`.
+int EndLine(const DeclarationTree& tree, const Declaration& d) { return LineIndex(tree.Text()).LineOfOffset(d.end); }
+
+TEST(VbParser, AMalformedDirectiveAfterElseCostsNoDeclarations) {
+  auto tree = Parse(
+      "#If False Then\nClass A\nEnd Class\n#Else\nClass B\nEnd Class\n"
+      "#ElseIf True Then\nClass C\nEnd Class\n#Else\nClass D\nEnd Class\n#End If\n");
+  ASSERT_EQ(tree.TopLevel().size(), 3u);
+  EXPECT_EQ(tree.TopLevel()[0]->name, "B");
+  EXPECT_EQ(tree.TopLevel()[1]->name, "C");
+  EXPECT_EQ(tree.TopLevel()[2]->name, "D");
 }
 
 TEST(VbParser, LambdaEndsAndXmlDoNotEndTheMethod) {
-  auto doc = Open(
+  auto tree = Parse(
       "Class C\n"
       "  Sub A()\n"
       "    Dim f = Function(x As Integer) As Integer\n"
@@ -81,14 +47,14 @@ TEST(VbParser, LambdaEndsAndXmlDoNotEndTheMethod) {
       "  Function B() As Integer\n"
       "  End Function\n"
       "End Class\n");
-  auto c = doc->CodeModel()->CodeElements()->Item(1);
-  ASSERT_EQ(c->Members()->Count(), 2);
-  EXPECT_EQ(c->Members()->Item(1)->EndPoint()->Line(), 11);
-  EXPECT_EQ(c->Members()->Item(2)->Name(), "B");
+  const Declaration& c = *tree.TopLevel().at(0);
+  ASSERT_EQ(c.members.size(), 2u);
+  EXPECT_EQ(EndLine(tree, *c.members[0]), 11);
+  EXPECT_EQ(c.members[1]->name, "B");
 }
 
 TEST(VbParser, AMissingEndCostsOnlyThatDeclaration) {
-  auto doc = Open(
+  auto tree = Parse(
       "Class C\n"
       "  Sub A()\n"
       "    Dim local = 1\n"
@@ -107,54 +73,57 @@ TEST(VbParser, AMissingEndCostsOnlyThatDeclaration) {
       "End Class\n"
       "Class After\n"
       "End Class\n");
-  auto top = doc->CodeModel()->CodeElements();
-  ASSERT_EQ(top->Count(), 2);
-  auto c = top->Item(1);
-  ASSERT_EQ(c->Members()->Count(), 6);
+  ASSERT_EQ(tree.TopLevel().size(), 2u);
+  const Declaration& c = *tree.TopLevel()[0];
+  ASSERT_EQ(c.members.size(), 6u);
   const char* names[] = {"A", "B", "P", "field", "D", "E"};
   int ends[] = {3, 5, 9, 10, 13, 15};
   for (int i = 0; i < 6; ++i) {
-    EXPECT_EQ(c->Members()->Item(i + 1)->Name(), names[i]);
-    EXPECT_EQ(c->Members()->Item(i + 1)->EndPoint()->Line(), ends[i]) << names[i];
+    EXPECT_EQ(c.members[i]->name, names[i]);
+    EXPECT_EQ(EndLine(tree, *c.members[i]), ends[i]) << names[i];
   }
-  EXPECT_EQ(c->EndPoint()->Line(), 16);
+  EXPECT_EQ(EndLine(tree, c), 16);
 }
 
 TEST(VbParser, AnXmlLiteralThatNeverClosesCostsOnlyItsStatement) {
-  auto doc = Open("Class C\n  Sub A()\n    Dim x = <a><b>\n  End Sub\n  Sub B()\n  End Sub\nEnd Class\n");
-  auto c = doc->CodeModel()->CodeElements()->Item(1);
-  ASSERT_EQ(c->Members()->Count(), 2);
-  EXPECT_EQ(c->Members()->Item(1)->EndPoint()->Line(), 4);
-  EXPECT_EQ(c->Members()->Item(2)->Name(), "B");
+  auto tree = Parse("Class C\n  Sub A()\n    Dim x = <a><b>\n  End Sub\n  Sub B()\n  End Sub\nEnd Class\n");
+  const Declaration& c = *tree.TopLevel().at(0);
+  ASSERT_EQ(c.members.size(), 2u);
+  EXPECT_EQ(EndLine(tree, *c.members[0]), 4);
+  EXPECT_EQ(c.members[1]->name, "B");
 }
 
 TEST(VbParser, AStringThatNeverClosesCostsOnlyItsStatement) {
   // VB strings may span lines, so any later quote would close it; with none, the string
   // ends at its own line.
   for (const char* open : {"\"open", "$\"{x", "$\"a{\"b"}) {
-    auto doc = Open(std::string("Class C\n  Sub A()\n    Dim s = ") + open +
-                    "\n  End Sub\n  Sub B()\n  End Sub\nEnd Class\n");
-    auto c = doc->CodeModel()->CodeElements()->Item(1);
-    ASSERT_EQ(c->Members()->Count(), 2) << open;
-    EXPECT_EQ(c->Members()->Item(1)->EndPoint()->Line(), 4);
-    EXPECT_EQ(c->Members()->Item(2)->Name(), "B");
-    EXPECT_EQ(c->EndPoint()->Line(), 7);
+    const std::string text =
+        std::string("Class C\n  Sub A()\n    Dim s = ") + open + "\n  End Sub\n  Sub B()\n  End Sub\nEnd Class\n";
+    auto tree = Parse(text);
+    const Declaration& c = *tree.TopLevel().at(0);
+    ASSERT_EQ(c.members.size(), 2u) << open;
+    EXPECT_EQ(EndLine(tree, *c.members[0]), 4);
+    EXPECT_EQ(c.members[1]->name, "B");
+    EXPECT_EQ(EndLine(tree, c), 7);
   }
 }
 
-// Checks what must hold for any input: every element lies in the text, members inside
-// their parent.
-void CheckShape(const std::vector<CodeElement*>& elements, uint32_t from, uint32_t to, size_t size) {
-  for (const CodeElement* e : elements) {
-    EXPECT_LE(e->start, e->end);
-    EXPECT_LE(e->end, size);
-    EXPECT_GE(e->start, from);
-    EXPECT_LE(e->end, to);
-    CheckShape(e->members(), e->start, e->end, size);
+// Checks what must hold for any input: every declaration lies in the text, members
+// inside their parent. Declaration by declaration, so that deep nesting cannot exhaust
+// the stack.
+void CheckShape(const DeclarationTree& tree) {
+  const size_t size = tree.Text().size();
+  for (size_t i = 0; i < tree.Size(); ++i) {
+    const Declaration& d = tree.At(i);
+    EXPECT_LE(d.start, d.end);
+    EXPECT_LE(d.end, size);
+    if (!d.parent || d.kind == vsCMElementAttribute) continue;  // an attribute precedes its owner
+    EXPECT_GE(d.start, d.parent->start);
+    EXPECT_LE(d.end, d.parent->end);
   }
 }
 
-TEST(VbParser, EveryPrefixOfAFileParsesIntoAWellFormedModel) {
+TEST(VbParser, EveryPrefixOfAFileParsesIntoAWellFormedTree) {
   const std::string text =
       "Option Strict On\nImports A, B = C.D(Of E)\n<Assembly: X(1)>\n#If DEBUG Then\nNamespace N\n#End If\n"
       "''' d\n<A, B(\"s\")> _\nPartial Public MustInherit Class K(Of T As {New})\n Inherits Base\n"
@@ -168,11 +137,8 @@ TEST(VbParser, EveryPrefixOfAFileParsesIntoAWellFormedModel) {
       " Delegate Function Fn(Of U)(u As U) As U\nEnd Class\nModule Mo\n Interface I : Sub S() : End Interface\nEnd Module\n"
       "End Namespace\n";
   for (size_t n = 0; n <= text.size(); ++n) {
-    auto doc = Open(text.substr(0, n), PreprocessorSymbols{{{"DEBUG", "-1"}}});
-    auto model = doc->CodeModel();
-    std::vector<CodeElement*> top;
-    for (int i = 1; i <= model->CodeElements()->Count(); ++i) top.push_back(model->CodeElements()->Item(i).get());
-    CheckShape(top, 0, static_cast<uint32_t>(n), n);
+    auto tree = Parse(std::string_view(text).substr(0, n), PreprocessorSymbols{{{"DEBUG", "-1"}}});
+    CheckShape(tree);
     if (HasFailure()) {
       ADD_FAILURE() << "prefix of " << n << " bytes";
       return;
@@ -197,13 +163,12 @@ TEST(VbParser, HostileInputFinishes) {
       std::string("\xEF\xBB\xBF\xE2\x80\x98\xFF\xFE\x00_ _\n[\"#", 14),
   };
   for (const std::string& text : inputs) {
-    auto model = Open(text)->CodeModel();
-    ASSERT_TRUE(model);
+    CheckShape(Parse(text));
   }
   // 20000 nested classes without End: every one is there, nested.
-  auto model = Open(inputs[6])->CodeModel();
+  auto tree = Parse(inputs[6]);
   int depth = 0;
-  for (CodeElement* e = model->CodeElements()->Item(1).get(); e; e = e->members().empty() ? nullptr : e->members()[0]) ++depth;
+  for (const Declaration* d = tree.TopLevel().at(0); d; d = d->members.empty() ? nullptr : d->members[0]) ++depth;
   EXPECT_EQ(depth, 20000);
 }
 

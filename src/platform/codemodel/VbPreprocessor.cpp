@@ -464,23 +464,14 @@ void VbPreprocessor::Directive(std::string_view text, const std::vector<VbToken>
   std::string_view word = text.substr(p->offset, p->length);
   auto second = [&](VbKeyword k) { return tokens.size() > 1 && tokens[1].Is(k); };
   if (p->Is(VbKeyword::If)) {
-    bool parent = Active();
-    bool cond = parent && Condition(text, p + 1, end);
-    m_stack.push_back({parent, cond, cond, false});
+    m_sections.If([&] { return Condition(text, p + 1, end); });
   } else if (p->Is(VbKeyword::ElseIf) || (p->Is(VbKeyword::Else) && second(VbKeyword::If))) {
-    if (m_stack.empty()) return;
-    Section& s = m_stack.back();
     const VbToken* cond = p->Is(VbKeyword::ElseIf) ? p + 1 : p + 2;
-    s.active = s.parentActive && !s.taken && !s.sawElse && Condition(text, cond, end);
-    s.taken = s.taken || s.active;
+    m_sections.Elif([&] { return Condition(text, cond, end); });
   } else if (p->Is(VbKeyword::Else)) {
-    if (m_stack.empty()) return;
-    Section& s = m_stack.back();
-    s.active = s.parentActive && !s.taken && !s.sawElse;
-    s.taken = true;
-    s.sawElse = true;
+    m_sections.Else();
   } else if ((p->Is(VbKeyword::End) && second(VbKeyword::If)) || p->Is(VbKeyword::EndIf) || EqualsNoCase(word, "endif")) {
-    if (!m_stack.empty()) m_stack.pop_back();
+    m_sections.EndIf();
   } else if (p->Is(VbKeyword::Const)) {
     if (!Active() || tokens.size() < 3) return;
     const VbToken& name = tokens[1];

@@ -4,7 +4,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/codemodel/ConditionalSections.h"
+#include "platform/codemodel/PreprocessorSymbols.h"
 #include "platform/codemodel/VbLexer.h"
 
 namespace platform::codemodel {
@@ -33,12 +34,12 @@ class VbPreprocessor {
   /// Handles one directive: `tokens` are the tokens after the '#' up to the end of the
   /// line, in `text`. #If/#ElseIf (also "#Else If")/#Else/#End If (also #EndIf) change
   /// what is active; #Const sets a constant when the directive itself is active; every
-  /// other directive, and a stray #ElseIf/#Else/#End If, changes nothing. A malformed
-  /// condition is False.
+  /// other directive, a stray #ElseIf/#Else/#End If, and an #ElseIf/#Else after the
+  /// section's #Else, change nothing. A malformed condition is False.
   void Directive(std::string_view text, const std::vector<VbToken>& tokens);
 
   /// Whether text at this point is active (compiled).
-  bool Active() const { return m_stack.empty() || m_stack.back().active; }
+  bool Active() const { return m_sections.Active(); }
 
   /// The value of the expression `tokens[begin, end)` of `text`; nullopt-like failure is
   /// reported through `ok` (false for a malformed expression).
@@ -48,16 +49,10 @@ class VbPreprocessor {
   VbConstValue Value(std::string_view name) const;
 
  private:
-  struct Section {
-    bool parentActive;  // the text around the #If is active
-    bool taken;         // some branch of the section was active
-    bool active;        // the current branch is active
-    bool sawElse;
-  };
   bool Condition(std::string_view text, const VbToken* begin, const VbToken* end) const;
 
   std::unordered_map<std::string, VbConstValue> m_constants;  // by lower-case name
-  std::vector<Section> m_stack;
+  ConditionalSections m_sections;
 };
 
 }  // namespace platform::codemodel

@@ -96,6 +96,23 @@ TEST(VbPreprocessor, BranchesAndNesting) {
   EXPECT_TRUE(pp.Active());
 }
 
+TEST(VbPreprocessor, ElseIfOrElseAfterElseChangeNothing) {
+  VbPreprocessor pp(PreprocessorSymbols{{{"A", "True"}}});
+  Feed(pp, "If Not A Then");
+  Feed(pp, "Else");
+  Feed(pp, "ElseIf Not A Then");  // malformed: the #Else branch goes on
+  EXPECT_TRUE(pp.Active());
+  Feed(pp, "Else");
+  EXPECT_TRUE(pp.Active());
+  Feed(pp, "End If");
+  Feed(pp, "If A Then");
+  Feed(pp, "Else");
+  Feed(pp, "Else If True Then");
+  EXPECT_FALSE(pp.Active());
+  Feed(pp, "End If");
+  EXPECT_TRUE(pp.Active());
+}
+
 TEST(VbPreprocessor, ConstApplyOnlyWhereActive) {
   VbPreprocessor pp(PreprocessorSymbols{});
   Feed(pp, "Const Mode = \"fast\" ' a comment");

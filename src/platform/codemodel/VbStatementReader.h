@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/codemodel/FileCodeModel.h"
+#include "platform/codemodel/PreprocessorSymbols.h"
 #include "platform/codemodel/VbLexer.h"
 #include "platform/codemodel/VbPreprocessor.h"
 

@@ -4,11 +4,11 @@
 #include <filesystem>
 
 #include "platform/automation/Document.h"
+#include "platform/automation/FileCodeModel.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItem.h"
 #include "platform/automation/TextDocument.h"
 #include "platform/automation/TextPoint.h"
-#include "platform/codemodel/FileCodeModel.h"
 #include "platform/core/Error.h"
 #include "platform/suite/ErrorReport.h"
 
@@ -52,7 +52,7 @@ std::string ServiceObject::ItemDisplayName(const Ref<automation::ProjectItem>& i
   return relative.generic_string();
 }
 
-Ref<codemodel::CodeElement> ServiceObject::CodeElementAtCaret(
+Ref<automation::CodeElement> ServiceObject::CodeElementAtCaret(
     const Ref<automation::Document>& document, const Ref<automation::TextPoint>& point,
     int option) const {
   if (option != 130) throw Error(err::kInvalidCall);

@@ -7,10 +7,8 @@ namespace platform::automation {
 class Document;
 class ProjectItem;
 class TextPoint;
-}  // namespace platform::automation
-namespace platform::codemodel {
 class CodeElement;
-}
+}  // namespace platform::automation
 
 namespace platform::suite {
 
@@ -39,7 +37,7 @@ class ServiceObject : public Dispatch {
   /// The innermost code element holding the caret line of the document's selection (the
   /// point, when given, instead); none when no element does. `option` 130 is the only
   /// value the system uses.
-  Ref<codemodel::CodeElement> CodeElementAtCaret(const Ref<automation::Document>& document,
+  Ref<automation::CodeElement> CodeElementAtCaret(const Ref<automation::Document>& document,
                                                  const Ref<automation::TextPoint>& point,
                                                  int option) const;
 
