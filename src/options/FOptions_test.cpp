@@ -347,6 +347,23 @@ TEST_F(FOptionsTest, HelpOpensTheTopicAndBeginWorksByItsAccessKey) {
   EXPECT_NE(out.find("help/htm/XMLAnalyzer_Using.htm"), std::string::npos) << out;
 }
 
+TEST_F(FOptionsTest, ADialogUnloadedAndShownAgainStartsAfresh) {
+  auto user = User();
+  user->Click("&Begin >>").Do(Check([](FOptions& d) {
+    EXPECT_EQ(d.VsTabAreaEx1.TabsCount(), 2);
+    EXPECT_EQ(d.cmbOperationScope.ScopesCount(), 6);
+  }));
+  user->Click("&Cancel");
+  ScopedPresenter scope(user);
+  FOptions dialog;
+  EXPECT_TRUE(dialog.GetOptions());
+  dialog.Unload();
+  EXPECT_FALSE(dialog.GetOptions());
+  dialog.Unload();
+  EXPECT_TRUE(user->errors.empty());
+  EXPECT_TRUE(m_report->entries.empty());
+}
+
 TEST_F(FOptionsTest, TheDialogComesBackWhereItWasLeft) {
   {
     auto user = User();

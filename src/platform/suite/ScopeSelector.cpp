@@ -188,4 +188,12 @@ bool ScopeSelector::UserPick(int position) {
   return true;
 }
 
+void ScopeSelector::FormUnloaded() {
+  m_items.clear();
+  m_listIndex = -1;
+  m_droppedDown = false;
+  m_highlight = -1;
+  Caption.clear();
+}
+
 }  // namespace platform::suite

@@ -75,6 +75,9 @@ class ScopeSelector : public forms::Control {
   /// A click on row `position` of the dropped-down list: selects it and closes the list.
   bool UserPick(int position);
 
+  /// The form unloads: the list is emptied, as before Init.
+  void FormUnloaded() override;
+
  private:
   struct Item {
     int32_t value;

@@ -28,8 +28,12 @@ VsTabAreaEx::VsTabAreaEx(forms::Form& owner, std::string name) : Control(owner, 
 VsTabAreaEx::VsTabAreaEx(forms::Control& container, std::string name)
     : Control(container, std::move(name)) {}
 
-VsTabAreaEx::~VsTabAreaEx() {
+VsTabAreaEx::~VsTabAreaEx() { FormUnloaded(); }
+
+void VsTabAreaEx::FormUnloaded() {
   for (auto& tab : m_tabs) tab->m_strip = nullptr;
+  m_tabs.clear();
+  m_selected = nullptr;
 }
 
 Ref<VsTab> VsTabAreaEx::AddTab(const std::string& key, const std::string& caption) {

@@ -86,6 +86,9 @@ class VsTabAreaEx : public forms::Control {
   /// key is taken.
   bool UserKey(int& keyCode, int shift) override;
 
+  /// The form unloads: the tabs are removed (a tab still held says it is not selected).
+  void FormUnloaded() override;
+
  private:
   friend class VsTab;
   std::vector<Ref<VsTab>> m_tabs;

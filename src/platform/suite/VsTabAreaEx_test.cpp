@@ -85,12 +85,17 @@ TEST(VsTabAreaExTest, ArrowsMoveBetweenTabsWhileTheStripHasTheFocus) {
   EXPECT_EQ(d.clicks, "Body Def ");
 }
 
-TEST(VsTabAreaExTest, ATabOutlivingItsStripSaysItIsNotSelected) {
+TEST(VsTabAreaExTest, UnloadingTheFormRemovesTheTabsAndATabHeldSaysItIsNotSelected) {
   Ref<VsTab> tab;
   {
     Dialog d;
+    d.Load();
     tab = d.strip.Tab("Def");
     tab->SetSelected(true);
+    d.Unload();
+    EXPECT_EQ(d.strip.TabsCount(), 0);
+    EXPECT_FALSE(d.strip.SelectedTab());
+    d.strip.AddTab("Def", "Again");  // a new load adds them again
   }
   EXPECT_FALSE(tab->Selected());
   EXPECT_EQ(ErrorNumber([&] { tab->SetSelected(true); }), 91);
