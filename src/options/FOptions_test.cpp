@@ -32,16 +32,6 @@ const char* const kDialogKeys[] = {key::LastScope,       key::Tab,           key
 
 class FOptionsTest : public testing::OptionsFixture {
  protected:
-  /// Plays `user` on a dialog from GetOptions to the caller's unload; GetOptions' answer.
-  bool Run(const std::shared_ptr<ScriptedPresenter>& user) {
-    ScopedPresenter scope(user);
-    FOptions dialog;
-    bool ok = dialog.GetOptions();
-    dialog.Unload();
-    EXPECT_TRUE(user->errors.empty()) << (user->errors.empty() ? "" : user->errors.front());
-    EXPECT_EQ(user->Pending(), 0u);
-    return ok;
-  }
   /// Checks the dialog on top while the script plays.
   static std::function<void(Form&)> Check(std::function<void(FOptions&)> check) {
     return [check](Form& form) { check(dynamic_cast<FOptions&>(form)); };

@@ -12,6 +12,7 @@
 #include "host/MGlobals.h"
 #include "host/MGlobals_Paths.h"
 #include "host/SettingsKeys.h"
+#include "options/FOptions.h"
 #include "platform/core/Variant.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/Workspace.h"
@@ -47,6 +48,18 @@ class OptionsFixture : public ::testing::Test {
   /// A user who plays the actions queued on it.
   static std::shared_ptr<platform::forms::ScriptedPresenter> User() {
     return std::make_shared<platform::forms::ScriptedPresenter>();
+  }
+
+  /// Plays `user` on a new options dialog from GetOptions to the caller's unload, and
+  /// checks that every action could be played; GetOptions' answer.
+  static bool Run(const std::shared_ptr<platform::forms::ScriptedPresenter>& user) {
+    platform::forms::ScopedPresenter scope(user);
+    FOptions dialog;
+    bool ok = dialog.GetOptions();
+    dialog.Unload();
+    EXPECT_TRUE(user->errors.empty()) << (user->errors.empty() ? "" : user->errors.front());
+    EXPECT_EQ(user->Pending(), 0u);
+    return ok;
   }
 
   /// Stores `value` under `key` of section "CommentsAnalyzer".

@@ -9,8 +9,6 @@ namespace annotra {
 namespace {
 
 using platform::forms::Form;
-using platform::forms::ScopedPresenter;
-using platform::forms::ScriptedPresenter;
 
 constexpr int kTab = 9;
 const std::string kLinesHint =
@@ -26,14 +24,6 @@ class ctlStdCommentsTest : public testing::OptionsFixture {
   void SetUp() override {
     OptionsFixture::SetUp();
     Store(key::Tab, 2);  // the dialog opens on this page
-  }
-  bool Run(const std::shared_ptr<ScriptedPresenter>& user) {
-    ScopedPresenter scope(user);
-    FOptions dialog;
-    bool ok = dialog.GetOptions();
-    dialog.Unload();
-    EXPECT_TRUE(user->errors.empty()) << (user->errors.empty() ? "" : user->errors.front());
-    return ok;
   }
   static std::function<void(Form&)> Page(std::function<void(ctlStdComments&)> check) {
     return [check](Form& form) { check(dynamic_cast<FOptions&>(form).ctlStdComments1); };

@@ -9,20 +9,9 @@ namespace annotra {
 namespace {
 
 using platform::forms::Form;
-using platform::forms::ScopedPresenter;
-using platform::forms::ScriptedPresenter;
 
 class ctlXMLCommentsTest : public testing::OptionsFixture {
  protected:
-  /// Plays `user` on the options dialog, whose first page is this panel.
-  bool Run(const std::shared_ptr<ScriptedPresenter>& user) {
-    ScopedPresenter scope(user);
-    FOptions dialog;
-    bool ok = dialog.GetOptions();
-    dialog.Unload();
-    EXPECT_TRUE(user->errors.empty()) << (user->errors.empty() ? "" : user->errors.front());
-    return ok;
-  }
   /// Checks the page while the script plays.
   static std::function<void(Form&)> Page(std::function<void(ctlXMLComments&)> check) {
     return [check](Form& form) { check(dynamic_cast<FOptions&>(form).ctlXMLComments1); };
