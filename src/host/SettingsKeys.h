@@ -25,6 +25,12 @@ inline constexpr const char* XMLOnNonPublic = "XMLOnNonPublic";
 inline constexpr const char* XMLCheck = "XMLCheck";
 inline constexpr const char* EnableBody = "EnableBody";
 inline constexpr const char* LineCount = "LineCount";
+// Section CommentsAnalyzer, rules beyond the comment rules above (check boxes, stored 0
+// or 1): an <inheritdoc/> comment has every tag (default 0); param tags are compared by
+// type as well as name and count (default 1); generated documents are skipped (default 0).
+inline constexpr const char* AcceptInheritDoc = "AcceptInheritDoc";
+inline constexpr const char* CompareParamTypes = "CompareParamTypes";
+inline constexpr const char* SkipGenerated = "SkipGenerated";
 // Section Settings.
 inline constexpr const char* OpenDocAllowed = "OpenDocAllowed";
 // Section LastPaths.

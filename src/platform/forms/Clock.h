@@ -4,7 +4,16 @@
 
 namespace platform::forms {
 
-class Timer;
+/// Something that falls due on the clock: a timer control on a form, or a timer that is
+/// no control (the suite's timers, made by code when first needed).
+class ClockTimer {
+ public:
+  virtual ~ClockTimer() = default;
+  /// When it falls due next; negative when it does not run.
+  virtual int64_t DueAt() const = 0;
+  /// Raises its event and sets its next due time (for the clock).
+  virtual void Fire() = 0;
+};
 
 /// The presenters' clock: milliseconds that pass only when the presenter lets them
 /// (a scripted wait, or an interactive presenter's real time). Timers run on it.
@@ -18,12 +27,14 @@ class Clock {
   /// timer due several times is raised each time).
   void Advance(int64_t milliseconds);
 
-  void Register(Timer* timer);
-  void Unregister(Timer* timer);
+  /// A timer registers when made and unregisters when destroyed; one that unregisters
+  /// while the clock raises timers is not raised again.
+  void Register(ClockTimer* timer);
+  void Unregister(ClockTimer* timer);
 
  private:
   int64_t m_now = 0;
-  std::vector<Timer*> m_timers;
+  std::vector<ClockTimer*> m_timers;
 };
 
 }  // namespace platform::forms

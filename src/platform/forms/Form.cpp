@@ -137,13 +137,26 @@ bool Form::UserAccessKey(char key) {
     std::vector<Control*> order = TabOrder();
     std::vector<int> after = TabPath(c);
     for (Control* next : order)
-      if (TabPath(next) > after) {
+      if (TabPath(next) >= after) {
         SetFocus(*next);
         return true;
       }
     return false;
   }
   return false;
+}
+
+void Form::UserMouseMove(int x, int y, int button, int shift) {
+  Control* target = ControlAt(x, y);
+  // A disabled control, or one inside a disabled container, leaves the move to the
+  // container around the outermost disabled one.
+  for (Control* c = target; c; c = c->Container())
+    if (!c->Enabled) target = c->Container();
+  if (target) {
+    target->UserMouseMove(x - target->FormLeft(), y - target->FormTop(), button, shift);
+    return;
+  }
+  Form_MouseMove(button, shift, static_cast<float>(x), static_cast<float>(y));
 }
 
 void Form::UserKey(int keyCode, int shift) {

@@ -78,11 +78,17 @@ class Form : public Dispatch {
   void UserKey(int keyCode, int shift = 0);
   /// The user presses Alt with `key` (a letter or digit, any case): the reachable
   /// control whose caption carries that access key takes it: a button or check box is
-  /// focused and clicked, a label hands the focus to the next control in tab order,
-  /// anything else takes the focus. False when no control carries the key.
+  /// focused and clicked, a label hands the focus to the next control in tab order (one
+  /// with the label's own tab index counts as next: the label names it), anything else
+  /// takes the focus. False when no control carries the key.
   bool UserAccessKey(char key);
   /// Moves the focus to the next (or previous) control in tab order, wrapping around.
   void UserTab(bool forward = true);
+  /// The user moves the mouse to a point of the client area (twips): the innermost
+  /// control there that takes the mouse gets the move at its own coordinates; a disabled
+  /// control passes it to its container, as windows do. Over no control, the form's own
+  /// Form_MouseMove gets it.
+  void UserMouseMove(int x, int y, int button = 0, int shift = 0);
 
   // For controls.
   void Register(Control* control) { m_controls.push_back(control); }
@@ -99,6 +105,13 @@ class Form : public Dispatch {
   virtual void Form_KeyDown(int& keyCode, int shift) {
     (void)keyCode;
     (void)shift;
+  }
+  /// The mouse moved over the form's background (twips on the client area).
+  virtual void Form_MouseMove(int button, int shift, float x, float y) {
+    (void)button;
+    (void)shift;
+    (void)x;
+    (void)y;
   }
 
  private:

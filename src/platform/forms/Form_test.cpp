@@ -209,6 +209,44 @@ TEST(FormContainers, AccessKeysFocusWhatTheyNameAndLabelsHandTheFocusOn) {
   EXPECT_EQ(AccessKeyOf("No key"), 0);
 }
 
+TEST(FormContainers, ALabelNamesTheControlThatSharesItsTabIndex) {
+  Dialog d;
+  d.panel.enabled.TabIndex = 0;
+  d.panel.caption.TabIndex = 1;  // the label "&Limit:" and its box share a place
+  d.panel.limit.TabIndex = 1;
+  EXPECT_TRUE(d.UserAccessKey('l'));
+  EXPECT_EQ(d.ActiveControl(), &d.panel.limit);
+}
+
+/// A dialog that records where the mouse goes.
+class MouseDialog : public Dialog {
+ public:
+  MouseDialog() {
+    for (Control* c : std::initializer_list<Control*>{&frame, &panel, &panel.limit, &name})
+      c->MouseMove.Connect([this, c](int, int, int x, int y) {
+        moves += c->Name + "@" + std::to_string(x) + "," + std::to_string(y) + " ";
+      });
+  }
+  std::string moves;
+
+ protected:
+  void Form_MouseMove(int, int, float x, float y) override {
+    moves += "form@" + std::to_string(static_cast<int>(x)) + "," + std::to_string(static_cast<int>(y)) + " ";
+  }
+};
+
+TEST(FormContainers, AMouseMoveAtAPointReachesTheControlThereAtItsOwnCoordinates) {
+  MouseDialog d;
+  d.UserMouseMove(460, 1310);  // the box inside the panel inside the frame
+  d.UserMouseMove(160, 1210);  // the panel around it
+  d.UserMouseMove(5000, 50);   // the bare form
+  d.panel.limit.Enabled = false;
+  d.UserMouseMove(460, 1310);  // a disabled box leaves the move to its panel
+  d.panel.Enabled = false;
+  d.UserMouseMove(460, 1310);  // a disabled panel leaves it to the frame
+  EXPECT_EQ(d.moves, "Text1@10,10 ctlPanel1@10,10 form@5000,50 ctlPanel1@310,110 Frame1@360,310 ");
+}
+
 TEST(FormContainers, EnterClicksTheFocusedButtonElseTheDefaultOneUnlessAHandlerTookIt) {
   Dialog d;
   d.SetFocus(d.help);

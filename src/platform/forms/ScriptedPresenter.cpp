@@ -49,6 +49,10 @@ ScriptedPresenter& ScriptedPresenter::MouseMove(const std::string& target, int x
   });
 }
 
+ScriptedPresenter& ScriptedPresenter::MouseMoveAt(int x, int y) {
+  return Queue([x, y](Form& form) { form.UserMouseMove(x, y); });
+}
+
 ScriptedPresenter& ScriptedPresenter::MouseDown(const std::string& target, int button, int x, int y) {
   return Queue([this, target, button, x, y](Form& form) {
     Control* c = form.FindControl(target);

@@ -29,6 +29,9 @@ class ScriptedPresenter : public Presenter {
   ScriptedPresenter& Type(const std::string& text);
   /// Moves the mouse over a control, at x, y (twips, inside the control).
   ScriptedPresenter& MouseMove(const std::string& target, int x, int y);
+  /// Moves the mouse to x, y of the form's client area (twips): the control under the
+  /// point gets the move, or the form's background when there is none.
+  ScriptedPresenter& MouseMoveAt(int x, int y);
   /// Presses or releases a mouse button (vbLeftButton, vbRightButton) over a control.
   ScriptedPresenter& MouseDown(const std::string& target, int button, int x, int y);
   ScriptedPresenter& MouseUp(const std::string& target, int button, int x, int y);

@@ -7,6 +7,7 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/TextBox.h"
 #include "platform/forms/Timer.h"
+#include "platform/forms/Clock.h"
 #include "platform/win32/WindowStyles.h"
 
 namespace platform::forms {
@@ -48,6 +49,50 @@ TEST(ScriptedPresenterTest, TypesIntoTheFocusedBoxAndWaitsOnTheClock) {
   EXPECT_EQ(changes, 4);
   EXPECT_EQ(d.ticks, 2);
   EXPECT_TRUE(user->errors.empty());
+}
+
+/// A timer that is no control: it counts its own firings and stops after `shots`.
+class CountingTimer : public ClockTimer {
+ public:
+  CountingTimer(int64_t due, int shots) : m_due(due), m_shots(shots) { Clock::Current().Register(this); }
+  ~CountingTimer() override { Clock::Current().Unregister(this); }
+  int64_t DueAt() const override { return fired < m_shots ? m_due : -1; }
+  void Fire() override {
+    ++fired;
+    m_due += 100;
+  }
+  int fired = 0;
+
+ private:
+  int64_t m_due;
+  int m_shots;
+};
+
+TEST(ScriptedPresenterTest, TimersThatAreNoControlsRunOnTheSameClock) {
+  auto user = std::make_shared<ScriptedPresenter>();
+  user->Wait(250).Click("cmdOK");
+  ScopedPresenter scope(user);
+  Dialog d;
+  d.timer.SetInterval(100);
+  d.timer.SetEnabled(true);
+  CountingTimer counting(Clock::Current().Now() + 50, 2);
+  auto gone = std::make_unique<CountingTimer>(Clock::Current().Now() + 10, 5);
+  d.timer.Tick.Connect([&] { gone.reset(); });  // unregisters while the clock runs
+  d.Show(vbModal);
+  EXPECT_EQ(d.ticks, 2);
+  EXPECT_EQ(counting.fired, 2);  // at 50 and 150, then it stops
+}
+
+TEST(ScriptedPresenterTest, AMouseMoveAtAPointGoesToTheControlThere) {
+  auto user = std::make_shared<ScriptedPresenter>();
+  user->MouseMoveAt(1100, 1050).Click("cmdOK");
+  ScopedPresenter scope(user);
+  Dialog d;
+  d.text.Move(1000, 1000, 600, 285);
+  std::string seen;
+  d.text.MouseMove.Connect([&](int, int, int x, int y) { seen = std::to_string(x) + "," + std::to_string(y); });
+  d.Show(vbModal);
+  EXPECT_EQ(seen, "100,50");
 }
 
 TEST(ScriptedPresenterTest, WaitRunsPendingMessages) {

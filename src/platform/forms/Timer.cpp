@@ -38,9 +38,9 @@ Clock& Clock::Current() {
   return clock;
 }
 
-void Clock::Register(Timer* timer) { m_timers.push_back(timer); }
+void Clock::Register(ClockTimer* timer) { m_timers.push_back(timer); }
 
-void Clock::Unregister(Timer* timer) {
+void Clock::Unregister(ClockTimer* timer) {
   for (auto& t : m_timers)
     if (t == timer) t = nullptr;
 }
@@ -48,9 +48,9 @@ void Clock::Unregister(Timer* timer) {
 void Clock::Advance(int64_t milliseconds) {
   int64_t target = m_now + (milliseconds > 0 ? milliseconds : 0);
   for (;;) {
-    Timer* next = nullptr;
+    ClockTimer* next = nullptr;
     int64_t due = 0;
-    for (Timer* t : m_timers) {
+    for (ClockTimer* t : m_timers) {
       if (!t) continue;
       int64_t d = t->DueAt();
       if (d >= 0 && d <= target && (!next || d < due)) next = t, due = d;

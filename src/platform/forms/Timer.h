@@ -2,16 +2,15 @@
 #include <cstdint>
 
 #include "platform/core/Event.h"
+#include "platform/forms/Clock.h"
 #include "platform/forms/Control.h"
 
 namespace platform::forms {
 
-class Clock;
-
 /// A timer control: while enabled with an interval above 0, raises Tick every
 /// Interval milliseconds of the presenter's clock, counted from when it was enabled or
 /// its interval set.
-class Timer : public Control {
+class Timer : public Control, public ClockTimer {
  public:
   Timer(Form& owner, std::string name);
   ~Timer() override;
@@ -27,9 +26,9 @@ class Timer : public Control {
   platform::Event<> Tick;
 
   /// When it falls due next; negative when it does not run.
-  int64_t DueAt() const;
+  int64_t DueAt() const override;
   /// Raises Tick and sets the next due time (for the clock).
-  void Fire();
+  void Fire() override;
 
  private:
   Clock* m_clock;
