@@ -191,12 +191,19 @@ std::vector<ColumnSpan> Grid::VisibleColumns() const {
     if (c->Visible) shown.push_back(c);
   std::sort(shown.begin(), shown.end(), [](auto& a, auto& b) { return a->Position() < b->Position(); });
   std::vector<ColumnSpan> spans;
-  int left = ColumnsLeft();
+  int left = ColumnsLeft() - m_scrollLeft;
   for (auto& c : shown) {
     spans.push_back({c, left, c->Width});
     left += c->Width;
   }
   return spans;
+}
+
+void Grid::SetScrollLeft(int twips) {
+  int total = 0;
+  for (auto& c : m_columns)
+    if (c->Visible) total += c->Width;
+  m_scrollLeft = std::clamp(twips, 0, std::max(0, total - (Width - ColumnsLeft())));
 }
 
 // --- Layouts ---------------------------------------------------------------------------
@@ -250,7 +257,11 @@ void Grid::ApplyLayout(const GridLayout& layout) {
   m_topRow = 1;
 }
 
-void Grid::LoadLayoutFile(const std::string& path) { ApplyLayout(ReadLayoutFile(path)); }
+void Grid::LoadLayoutFile(const std::string& path) {
+  GridLayout layout = ReadLayoutFile(path);
+  Unbind();
+  ApplyLayout(layout);
+}
 
 void Grid::SaveLayoutFile(const std::string& path) const { WriteLayoutFile(Layout(), path); }
 
@@ -705,7 +716,7 @@ int Grid::RowFromPoint(int x, int y) const {
 }
 
 Ref<GridColumn> Grid::ColumnFromPoint(int x, int y) const {
-  if (x < 0 || x >= Width || y < RowsTop() - kLineHeight || y >= Height) return nullptr;
+  if (x < ColumnsLeft() || x >= Width || y < RowsTop() - kLineHeight || y >= Height) return nullptr;
   for (auto& span : VisibleColumns())
     if (x >= span.left && x < span.left + span.width) return span.column;
   return nullptr;
@@ -765,8 +776,14 @@ bool Grid::UserKey(int& keyCode, int shift) {
     case 34: SetRow(std::min(RowCount(), std::max(1, m_row + page))); break;  // Page Down
     case 36: SetRow(1); break;                                       // Home
     case 35: SetRow(RowCount()); break;                              // End
-    case 37: SetExpanded(m_row, false); break;                       // Left
-    case 39: SetExpanded(m_row, true); break;                        // Right
+    case 37:  // Left
+      if (IsGroupRow(m_row)) SetExpanded(m_row, false);
+      else SetScrollLeft(m_scrollLeft - 8 * kCharWidth);
+      break;
+    case 39:  // Right
+      if (IsGroupRow(m_row)) SetExpanded(m_row, true);
+      else SetScrollLeft(m_scrollLeft + 8 * kCharWidth);
+      break;
     default: break;
   }
   return true;

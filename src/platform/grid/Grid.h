@@ -74,13 +74,14 @@ class Grid : public forms::Control {
 
   // --- Layout files ------------------------------------------------------------------
   /// Loads a layout file: columns, groupings, sort keys, row formatting, group-by box,
-  /// page settings. A bound grid keeps its records and shows them in the new layout;
-  /// fields the layout does not name become visible columns after its own. Fails (53,
-  /// 75, 5; see ReadLayoutFile) leaving the grid as it was.
+  /// page settings. The grid lets go of its recordset and rows (a layout is bound
+  /// afresh). Fails (53, 75, 5; see ReadLayoutFile) leaving the grid as it was.
   void LoadLayoutFile(const std::string& path);
   /// Writes the grid's layout to a file (whole or not at all); 75 when it cannot.
   void SaveLayoutFile(const std::string& path) const;
-  /// The layout as it stands, and applying one (as LoadLayoutFile does).
+  /// The layout as it stands, and applying one: a bound grid keeps its records and
+  /// shows them in the new layout; fields the layout does not name become visible
+  /// columns after its own.
   GridLayout Layout() const;
   void ApplyLayout(const GridLayout& layout);
 
@@ -147,8 +148,16 @@ class Grid : public forms::Control {
   /// Moves a column to 1-based `position` among all columns; the others keep their
   /// order.
   void MoveColumn(const std::string& key, int position);
-  /// The visible columns in their order on screen, with their places.
+  /// The visible columns in their order on screen, with their places (scrolled: a
+  /// column may begin left of the columns' area or end beyond the grid's width; a
+  /// host draws the part between).
   std::vector<ColumnSpan> VisibleColumns() const;
+  /// How far the columns are scrolled to the left (twips), kept between 0 and what
+  /// shows the last column's right edge.
+  int ScrollLeft() const { return m_scrollLeft; }
+  void SetScrollLeft(int twips);
+  /// Where the columns' area begins: after the selector and the groups' indents.
+  int ColumnsLeft() const;
 
   // --- Grouping and sorting ------------------------------------------------------------
   /// The groupings, outermost first.
@@ -204,7 +213,8 @@ class Grid : public forms::Control {
   /// DblClick is raised; then a double click on a group row expands or collapses it.
   bool UserDblClick(int x, int y) override;
   /// KeyDown is raised; what its handlers leave moves the current row: Up, Down, Page
-  /// Up, Page Down, Home, End; Left and Right collapse and expand a group row.
+  /// Up, Page Down, Home, End; Left and Right collapse and expand a group row and
+  /// scroll the columns on a record.
   bool UserKey(int& keyCode, int shift) override;
 
   /// Bytes held for the records (cells, strings and bookkeeping), for benchmarks.
@@ -230,7 +240,6 @@ class Grid : public forms::Control {
   void Emit(int group);
   void RaiseError(const platform::Error& e);
   const Variant& Cell(int32_t record, const GridColumn& column) const;
-  int ColumnsLeft() const;
   int RowsTop() const;
   int Columns(const std::vector<ColumnOrder>& keys, std::vector<int>& out) const;
 
@@ -248,6 +257,7 @@ class Grid : public forms::Control {
   std::vector<int32_t> m_rows;  // >= 0 a record, < 0 group -(n + 1)
   int m_row = 0;
   int m_topRow = 1;
+  int m_scrollLeft = 0;
   int32_t m_editRecord = -1;
   std::vector<std::pair<int, Variant>> m_edits;  // field, value
   GridPrinterSettings m_printer;
