@@ -1,11 +1,11 @@
 #include "pane/DocXMLAnalyzer.h"
 
-#include <ctime>
 #include <filesystem>
 
 #include "host/MGlobals.h"
 #include "host/SettingsKeys.h"
 #include "host/Steps.h"
+#include "pane/ResultsPage.h"
 #include "platform/automation/ClassRegistry.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/Solution.h"
@@ -30,17 +30,6 @@ namespace grid = platform::grid;
 namespace {
 
 constexpr const char* kSource = "Quillmark.DocXMLAnalyzer.";
-
-// The current date and time as the system writes a date in text: local time,
-// "2026-11-24 14:05:09".
-std::string NowText() {
-  std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  char text[32];
-  std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
-  return text;
-}
 
 // A statement of the layout that cannot be carried out, as the property setters of a
 // control refuse a negative size.
@@ -260,7 +249,7 @@ void DocXMLAnalyzer::PrintPreview(const std::string& Title, const std::string& H
     return;
   }
   step(3, [&] { GridEx1.PrinterSettings().SetHeaderString(1, Header); });
-  step(4, [&] { GridEx1.PrinterSettings().SetFooterString(2, NowText()); });
+  step(4, [&] { GridEx1.PrinterSettings().SetFooterString(2, PrintFooterDate()); });
   step(5, [&] { GridEx1.PrinterSettings().SetOrientation(2); });
   step(6, [&] { GridEx1.PrinterSettings().FitColumns = true; });
   step(7, [&] { preview->PrintPreview(GridEx1, Title); });
