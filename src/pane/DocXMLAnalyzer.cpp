@@ -172,54 +172,35 @@ void DocXMLAnalyzer::ChangeGroupByBoxVisible() {
   step(2, [&] { SaveLayout(); });
 }
 
-void DocXMLAnalyzer::GroupByThisColumn(int16_t ColIndex) {
-  Steps step(std::string(kSource) + "GroupByThisColumn");
+void DocXMLAnalyzer::WithGridTools(const char* procedure,
+                                   const std::function<void(platform::suite::GridTools&)>& command) {
+  Steps step(std::string(kSource) + procedure);
   Ref<platform::suite::GridTools> tools;
   step(1, [&] { tools = std::make_shared<platform::suite::GridTools>(); });
   step(2, [&] { tools->Init(MGlobals::AppSettingsObject_HKCU); });
-  step(3, [&] { tools->GroupByThisColumn(GridEx1, ColIndex, true); });
+  step(3, [&] { command(*tools); });
   step(4, [&] { tools.reset(); });
   step(5, [&] { SaveLayout(); });
+}
+
+void DocXMLAnalyzer::GroupByThisColumn(int16_t ColIndex) {
+  WithGridTools("GroupByThisColumn", [&](auto& tools) { tools.GroupByThisColumn(GridEx1, ColIndex, true); });
 }
 
 void DocXMLAnalyzer::RemoveGroup(int16_t GroupIndex) {
-  Steps step(std::string(kSource) + "RemoveGroup");
-  Ref<platform::suite::GridTools> tools;
-  step(1, [&] { tools = std::make_shared<platform::suite::GridTools>(); });
-  step(2, [&] { tools->Init(MGlobals::AppSettingsObject_HKCU); });
-  step(3, [&] { tools->RemoveGrouping(GridEx1, GroupIndex, true); });
-  step(4, [&] { tools.reset(); });
-  step(5, [&] { SaveLayout(); });
+  WithGridTools("RemoveGroup", [&](auto& tools) { tools.RemoveGrouping(GridEx1, GroupIndex, true); });
 }
 
 void DocXMLAnalyzer::Grid_GroupBy() {
-  Steps step(std::string(kSource) + "Grid_GroupBy");
-  Ref<platform::suite::GridTools> tools;
-  step(1, [&] { tools = std::make_shared<platform::suite::GridTools>(); });
-  step(2, [&] { tools->Init(MGlobals::AppSettingsObject_HKCU); });
-  step(3, [&] { tools->GroupByDialog(GridEx1, 1); });
-  step(4, [&] { tools.reset(); });
-  step(5, [&] { SaveLayout(); });
+  WithGridTools("Grid_GroupBy", [&](auto& tools) { tools.GroupByDialog(GridEx1, 1); });
 }
 
 void DocXMLAnalyzer::Grid_ShowFields() {
-  Steps step(std::string(kSource) + "Grid_ShowFields");
-  Ref<platform::suite::GridTools> tools;
-  step(1, [&] { tools = std::make_shared<platform::suite::GridTools>(); });
-  step(2, [&] { tools->Init(MGlobals::AppSettingsObject_HKCU); });
-  step(3, [&] { tools->FieldChooser(GridEx1); });
-  step(4, [&] { tools.reset(); });
-  step(5, [&] { SaveLayout(); });
+  WithGridTools("Grid_ShowFields", [&](auto& tools) { tools.FieldChooser(GridEx1); });
 }
 
 void DocXMLAnalyzer::Grid_Sort() {
-  Steps step(std::string(kSource) + "Grid_Sort");
-  Ref<platform::suite::GridTools> tools;
-  step(1, [&] { tools = std::make_shared<platform::suite::GridTools>(); });
-  step(2, [&] { tools->Init(MGlobals::AppSettingsObject_HKCU); });
-  step(3, [&] { tools->SortDialog(GridEx1); });
-  step(4, [&] { tools.reset(); });
-  step(5, [&] { SaveLayout(); });
+  WithGridTools("Grid_Sort", [&](auto& tools) { tools.SortDialog(GridEx1); });
 }
 
 void DocXMLAnalyzer::GridSetGroupExpandedState(bool ExpandedState) {

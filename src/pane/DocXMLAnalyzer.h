@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "platform/automation/HostedDocument.h"
@@ -7,6 +8,10 @@
 #include "platform/forms/Form.h"
 #include "platform/grid/Grid.h"
 #include "pane/ctlTbrResults.h"
+
+namespace platform::suite {
+class GridTools;
+}
 
 namespace annotra {
 
@@ -102,6 +107,10 @@ class DocXMLAnalyzer : public platform::forms::Form, public platform::automation
  private:
   void GoToPrevious();
   void GoToNext();
+  void GoTo(int by, const std::string& source);
+  /// Runs `command` with a fresh grid helper initialised with the per-user store,
+  /// then SaveLayout; the steps report as `procedure`.
+  void WithGridTools(const char* procedure, const std::function<void(platform::suite::GridTools&)>& command);
   void UserDocument_Initialize();
   void UserDocument_Show();
   void UserDocument_Resize();

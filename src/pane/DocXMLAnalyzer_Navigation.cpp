@@ -77,77 +77,47 @@ bool DocXMLAnalyzer::IsGridRecordSelected() {
   return selected;
 }
 
-void DocXMLAnalyzer::GoToPrevious() {
-  Steps step("Quillmark.DocXMLAnalyzer.GoToPrevious");
-  int count = 0;
-  step(1, [&] { count = GridEx1.RowCount(); });
-  if (count == 0) return;
-  int start = 0;
-  bool wrapped = false;
-  Ref<grid::GridRow> candidate;
-  step(2, [&] { start = GridEx1.Row(); });
-  step(3, [&] {
-    if (GridEx1.Row() == 1) {
-      wrapped = true;
-      GridEx1.SetRow(count);
-      candidate = GridEx1.RowAt(GridEx1.Row());
-    } else {
-      candidate = GridEx1.RowAt(GridEx1.Row() - 1);
-    }
-  });
-  step(4, [&] {
-    if (candidate->RowType() == grid::rtGroupHeader) {
-      for (;;) {
-        if (candidate->RowType() != grid::rtGroupHeader) break;
-        if (GridEx1.Row() == 1) {
-          GridEx1.SetRow(count);
-          wrapped = true;
-        } else {
-          GridEx1.SetRow(GridEx1.Row() - 1);
-        }
-        candidate = GridEx1.RowAt(GridEx1.Row());
-        if (GridEx1.Row() == start) break;
-      }
-    } else if (!wrapped) {
-      GridEx1.SetRow(GridEx1.Row() - 1);
-    }
-  });
-  step(6, [&] { FindSelectInCode.Raise(GridEx1); });
-}
+void DocXMLAnalyzer::GoToPrevious() { GoTo(-1, "Quillmark.DocXMLAnalyzer.GoToPrevious"); }
 
-void DocXMLAnalyzer::GoToNext() {
-  Steps step("Quillmark.DocXMLAnalyzer.GoToNext");
+void DocXMLAnalyzer::GoToNext() { GoTo(+1, "Quillmark.DocXMLAnalyzer.GoToNext"); }
+
+// The twins GoToPrevious (by -1: row 1 wraps to the last row) and GoToNext (by +1: the
+// last row wraps to row 1).
+void DocXMLAnalyzer::GoTo(int by, const std::string& source) {
+  Steps step(source);
   int count = 0;
   step(1, [&] { count = GridEx1.RowCount(); });
   if (count == 0) return;
+  const int wrapsAt = by < 0 ? 1 : count;
+  const int wrapsTo = by < 0 ? count : 1;
   int start = 0;
   bool wrapped = false;
   Ref<grid::GridRow> candidate;
   step(2, [&] { start = GridEx1.Row(); });
   step(3, [&] {
-    if (GridEx1.Row() == count) {
+    if (GridEx1.Row() == wrapsAt) {
       wrapped = true;
-      GridEx1.SetRow(1);
+      GridEx1.SetRow(wrapsTo);
       candidate = GridEx1.RowAt(GridEx1.Row());
     } else {
-      candidate = GridEx1.RowAt(GridEx1.Row() + 1);
+      candidate = GridEx1.RowAt(GridEx1.Row() + by);
     }
   });
   step(4, [&] {
     if (candidate->RowType() == grid::rtGroupHeader) {
       for (;;) {
         if (candidate->RowType() != grid::rtGroupHeader) break;
-        if (GridEx1.Row() == count) {
-          GridEx1.SetRow(1);
+        if (GridEx1.Row() == wrapsAt) {
+          GridEx1.SetRow(wrapsTo);
           wrapped = true;
         } else {
-          GridEx1.SetRow(GridEx1.Row() + 1);
+          GridEx1.SetRow(GridEx1.Row() + by);
         }
         candidate = GridEx1.RowAt(GridEx1.Row());
         if (GridEx1.Row() == start) break;
       }
     } else if (!wrapped) {
-      GridEx1.SetRow(GridEx1.Row() + 1);
+      GridEx1.SetRow(GridEx1.Row() + by);
     }
   });
   step(6, [&] { FindSelectInCode.Raise(GridEx1); });
