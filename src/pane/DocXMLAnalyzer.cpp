@@ -76,6 +76,8 @@ void DocXMLAnalyzer::UserDocument_Show() {
 void DocXMLAnalyzer::WindowShown() {
   Show(platform::forms::vbModeless);
   UserDocument_Show();
+  // The keys a person types in the pane go to the grid.
+  if (!ActiveControl()) SetFocus(GridEx1);
 }
 
 void DocXMLAnalyzer::WindowResized(int width, int height) {

@@ -439,7 +439,8 @@ void Grid::Rebuild() {
   m_groupNodes.clear();
   m_topGroups.clear();
   const int levels = static_cast<int>(m_groups.size());
-  auto build = [&](auto& self, int level, int32_t first, int32_t end, int parent, const std::string& path) -> void {
+  // `path` is taken by value: the node it comes from may move as nodes are added.
+  auto build = [&](auto& self, int level, int32_t first, int32_t end, int parent, std::string path) -> void {
     if (level >= levels) return;
     const auto& rank = ranks[static_cast<size_t>(level)];
     int32_t i = first;

@@ -285,3 +285,23 @@ TEST(CompareCells, OrdersEmptyThenNumbersThenTextWithoutCase) {
   EXPECT_EQ(CompareCells(Variant(2), Variant(2.0)), 0);
   EXPECT_NE(CompareCells(Variant("a"), Variant("A")), 0);
 }
+
+TEST_F(GridTest, ManyNestedGroupsCountEveryRecordOnce) {
+  std::vector<FindingRow> rows;
+  for (int i = 0; i < 300; ++i)
+    rows.push_back({"P" + std::to_string(i % 7), "d" + std::to_string(i % 23) + ".cs", "T" + std::to_string(i % 3), "",
+                    "m" + std::to_string(i), i, i, "No comment"});
+  Fill(rows);
+  Bind();
+  grid.SetGroups({{"Project"}, {"Document"}, {"Type"}});
+  int records = 0, innermost = 0, top = 0;
+  for (int i = 1; i <= grid.RowCount(); ++i) {
+    auto row = grid.RowAt(i);
+    if (row->RowType() == rtRecord) ++records;
+    else if (row->GroupLevel() == 2) innermost += row->RecordCount();
+    else if (row->GroupLevel() == 0) top += row->RecordCount();
+  }
+  EXPECT_EQ(records, 300);
+  EXPECT_EQ(innermost, 300);
+  EXPECT_EQ(top, 300);
+}
