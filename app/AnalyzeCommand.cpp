@@ -7,6 +7,7 @@
 #include "Host.h"
 #include "analysis/CXmlAnalyzerBrowser.h"
 #include "analysis/FCCOptions.h"
+#include "pane/ResultsPage.h"
 #include "host/MGlobals.h"
 #include "host/SettingsKeys.h"
 #include "results/MGlobals_ResultsDb.h"
@@ -282,7 +283,7 @@ CLI::App* AddAnalyzeCommand(CLI::App& cli, AnalyzeRequest& r) {
   cmd->add_flag("--require-all", r.requireAll, "Require every tag of every enabled template");
   cmd->add_option("--keep-open", r.keepOpen, "How many documents the walk keeps open (1 to 30)");
   cmd->add_option("--format", r.format, "Output format")
-      ->check(CLI::IsMember({"table", "tsv", "json", "msbuild", "sarif"}));
+      ->check(CLI::IsMember({"table", "tsv", "json", "msbuild", "sarif", "html"}));
   cmd->add_flag("--fail-on-findings", r.failOnFindings, "Exit with status 1 when there are findings");
   return cmd;
 }
@@ -319,6 +320,16 @@ int RunAnalyzeCommand(const AnalyzeRequest& r, std::ostream& out) {
   } catch (const platform::Error& e) {
     std::fprintf(stderr, "annotra: the findings cannot be read: %s\n", e.description.c_str());
     return kCannotLoad;
+  }
+  if (format == OutputFormat::Html) {
+    // The page the pane's print preview shows, made by the same grid and preview.
+    try {
+      out << annotra::ResultsPage(annotra::PrintFooterDate());
+    } catch (const platform::Error& e) {
+      std::fprintf(stderr, "annotra: the print preview's page cannot be made: %s\n", e.description.c_str());
+      return kCannotLoad;
+    }
+    return r.failOnFindings && !findings.empty() ? kFindings : kDone;
   }
   std::error_code ec;
   WriteFindings(out, findings, format, std::filesystem::current_path(ec));

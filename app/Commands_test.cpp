@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <cstdio>
 #include <string>
 
@@ -95,4 +97,28 @@ TEST_F(Commands, FailOnFindingsAndTheTemporaryDatabaseIsRemoved) {
   auto clean = Exec("analyze samples/Demo.sln --scope document --document samples/Demo.CSharp/Program.cs --fail-on-findings");
   EXPECT_EQ(clean.status, 0) << clean.out;
   EXPECT_NE(clean.out.find("0 findings"), std::string::npos) << clean.out;
+}
+
+TEST_F(Commands, HtmlIsThePrintPreviewsPageOfTheFindings) {
+  auto run = Annotra("analyze samples/Demo.sln --format html", home.path().string());
+  ASSERT_EQ(run.status, 0) << run.out;
+  EXPECT_EQ(run.out.rfind("<!DOCTYPE html>", 0), 0u) << run.out.substr(0, 200);
+  EXPECT_NE(run.out.find("<title>Scribane Print Preview - Annotra</title>"), std::string::npos);
+  auto tsv = Annotra("analyze samples/Demo.sln --format tsv", home.path().string());
+  const auto rows = std::count(tsv.out.begin(), tsv.out.end(), '\n') - 1;
+  ASSERT_GT(rows, 0);
+  EXPECT_NE(run.out.find("Scribane - Annotra (" + std::to_string(rows) + " results)"), std::string::npos);
+  EXPECT_EQ(std::count(run.out.begin(), run.out.end(), '\n') > rows, true);
+  // One row of cells per finding; the installed layout hides "ID".
+  size_t cellsRows = 0;
+  for (size_t at = run.out.find("<tr><td>"); at != std::string::npos; at = run.out.find("<tr><td>", at + 1)) ++cellsRows;
+  for (size_t at = run.out.find("<tr class=\"dimmed\"><td>"); at != std::string::npos;
+       at = run.out.find("<tr class=\"dimmed\"><td>", at + 1))
+    ++cellsRows;
+  EXPECT_EQ(cellsRows, static_cast<size_t>(rows));
+  EXPECT_EQ(run.out.find("<th>ID</th>"), std::string::npos);
+  // tidy finds nothing to warn about.
+  testsupport::TempDir dir;
+  auto page = dir.Write("page.html", run.out);
+  EXPECT_EQ(std::system(("tidy -errors -quiet " + page.string()).c_str()), 0);
 }

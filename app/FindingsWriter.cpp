@@ -146,7 +146,8 @@ void WriteSarif(std::ostream& out, const std::vector<Finding>& findings,
 bool ParseOutputFormat(const std::string& name, OutputFormat& format) {
   static const std::map<std::string, OutputFormat> names = {
       {"table", OutputFormat::Table}, {"tsv", OutputFormat::Tsv}, {"json", OutputFormat::Json},
-      {"msbuild", OutputFormat::Msbuild}, {"sarif", OutputFormat::Sarif}};
+      {"msbuild", OutputFormat::Msbuild}, {"sarif", OutputFormat::Sarif},
+      {"html", OutputFormat::Html}};
   auto it = names.find(name);
   if (it == names.end()) return false;
   format = it->second;
@@ -166,6 +167,7 @@ void WriteFindings(std::ostream& out, const std::vector<Finding>& findings, Outp
     case OutputFormat::Json: WriteJson(out, findings); break;
     case OutputFormat::Msbuild: WriteMsbuild(out, findings, base); break;
     case OutputFormat::Sarif: WriteSarif(out, findings, base); break;
+    case OutputFormat::Html: break;  // the print preview's page is made from the grid, not from these rows
   }
 }
 

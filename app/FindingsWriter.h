@@ -9,9 +9,10 @@
 namespace app {
 
 /// The output formats of `annotra analyze`.
-enum class OutputFormat { Table, Tsv, Json, Msbuild, Sarif };
+enum class OutputFormat { Table, Tsv, Json, Msbuild, Sarif, Html };
 
-/// The format named `name` ("table", "tsv", "json", "msbuild", "sarif"); false when
+/// The format named `name` ("table", "tsv", "json", "msbuild", "sarif", "html"; html is
+/// the print preview's page, which the analyze command makes itself); false when
 /// there is none of that name.
 bool ParseOutputFormat(const std::string& name, OutputFormat& format);
 

@@ -39,4 +39,16 @@ inline constexpr const char* SaveRestoreXMLAnalyzer = "SaveRestoreXMLAnalyzer";
 inline constexpr const char* Results = "Results";
 }  // namespace key
 
+/// Keys and values of the environment's part of the registry (kept in the per-user
+/// store, see platform/suite/Registry.h).
+namespace registry {
+/// Below the environment's version key ("VisualStudio\8.0"): the text editor's font and
+/// colour category.
+inline constexpr const char* TextEditorFonts = "FontAndColors\\{5C48B2CB-0366-4FBF-9786-0BB37E945687}";
+inline constexpr const char* FontName = "FontName";
+inline constexpr const char* FontPointSize = "FontPointSize";
+inline constexpr const char* FontCharSet = "FontCharSet";
+inline constexpr const char* PlainTextFontFlags = "Plain Text FontFlags";
+}  // namespace registry
+
 }  // namespace annotra

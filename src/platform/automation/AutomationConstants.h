@@ -4,8 +4,9 @@ namespace platform::automation {
 
 /// View kind of the code view.
 inline constexpr const char* vsViewKindCode = "{7651A701-06E5-11D1-8EBD-00A0C90F26EA}";
-/// Save choice for Document.Close: ask.
+/// Save choices for Document.Close and Window.Close: ask; do not save.
 constexpr int vsSaveChangesPrompt = 3;
+constexpr int vsSaveChangesNo = 2;
 
 /// Project kinds.
 inline constexpr const char* kProjectKindCSharp = "{FAE04EC0-301F-11D3-BF4B-00C04F79EFBC}";

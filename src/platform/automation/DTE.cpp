@@ -31,7 +31,24 @@ Ref<automation::Windows> DTE::Windows() const {
   }
   for (auto& w : m_toolWindows)
     if (!w->closed()) list.push_back(w);
-  return std::make_shared<automation::Windows>(std::move(list));
+  return std::make_shared<automation::Windows>(std::move(list), std::const_pointer_cast<DTE>(weak_from_this().lock()));
+}
+
+Ref<Window> DTE::ActiveWindow() const {
+  if (m_activeToolWindow && !m_activeToolWindow->closed()) return m_activeToolWindow;
+  if (m_activeDocument) return m_activeDocument->ActiveWindow();
+  return nullptr;
+}
+
+void DTE::ActivateToolWindow(const Window* window) {
+  for (auto& w : m_toolWindows)
+    if (w.get() == window) m_activeToolWindow = w;
+}
+
+void DTE::ActivateDocument(Ref<Document> document) {
+  m_activeToolWindow = nullptr;
+  DocumentOpened(document);
+  m_activeDocument = std::move(document);
 }
 
 void DTE::DocumentOpened(const Ref<Document>& document) {

@@ -45,8 +45,14 @@ class DTE : public Dispatch, public std::enable_shared_from_this<DTE> {
   Ref<Document> ActiveDocument() const { return m_activeDocument; }
   /// The projects (or solution folders) selected in the solution window.
   std::vector<Ref<Project>> ActiveSolutionProjects() const { return m_selectedProjects; }
-  /// Every window: those of the open documents and the tool windows.
+  /// Every window: those of the open documents and the tool windows; tool windows are
+  /// made through it.
   Ref<automation::Windows> Windows() const;
+  /// The window activated last: a tool window, or the active document's window; none
+  /// when there is neither.
+  Ref<Window> ActiveWindow() const;
+  /// The environment's root in the registry ("Software\Microsoft\VisualStudio\8.0").
+  const std::string& RegistryRoot() const { return m_registryRoot; }
   Ref<automation::StatusBar> StatusBar() const { return m_statusBar; }
 
   // --- The host's state ------------------------------------------------------------------
@@ -57,6 +63,14 @@ class DTE : public Dispatch, public std::enable_shared_from_this<DTE> {
     m_selectedProjects = std::move(projects);
   }
   void AddToolWindow(Ref<Window> window) { m_toolWindows.push_back(std::move(window)); }
+  /// The registry root of the environment's version.
+  void SetRegistryRoot(std::string root) { m_registryRoot = std::move(root); }
+
+  // --- For windows -----------------------------------------------------------------------
+  /// The tool window `window` was activated.
+  void ActivateToolWindow(const Window* window);
+  /// A window of `document` was activated: it is the active document.
+  void ActivateDocument(Ref<Document> document);
 
   // --- For documents ---------------------------------------------------------------------
   void DocumentOpened(const Ref<Document>& document);
@@ -69,6 +83,8 @@ class DTE : public Dispatch, public std::enable_shared_from_this<DTE> {
   Ref<Document> m_activeDocument;
   std::vector<Ref<Project>> m_selectedProjects;
   std::vector<Ref<Window>> m_toolWindows;
+  Ref<Window> m_activeToolWindow;
+  std::string m_registryRoot = "Software\\Microsoft\\VisualStudio\\8.0";
   Ref<automation::StatusBar> m_statusBar;
 };
 

@@ -78,15 +78,22 @@ Ref<Window> Document::OpenWindow(bool visible) {
   return d.Share(&w);
 }
 
+Ref<DTE> Document::DTE() const { return m_data->dte.lock(); }
+
+void Document::Activated(Window& window) {
+  m_data->activeWindow = &window;
+  if (auto dte = m_data->dte.lock()) dte->ActivateDocument(m_data->Share(this));
+}
+
 Ref<Document> Document::FromText(const std::filesystem::path& path, std::string text,
                                  std::string language, codemodel::PreprocessorSymbols symbols) {
-  auto data = std::make_shared<DocumentData>(path, std::move(text), nullptr, std::weak_ptr<DTE>(),
+  auto data = std::make_shared<DocumentData>(path, std::move(text), nullptr, std::weak_ptr<automation::DTE>(),
                                              std::move(language), std::move(symbols));
   return data->Share(&data->document);
 }
 
 Ref<Document> Document::Load(const std::filesystem::path& path, automation::ProjectItem* item,
-                             std::weak_ptr<DTE> dte, std::string language,
+                             std::weak_ptr<automation::DTE> dte, std::string language,
                              codemodel::PreprocessorSymbols symbols) {
   auto data = std::make_shared<DocumentData>(path, ReadDefinitionText(path), item, std::move(dte),
                                              std::move(language), std::move(symbols));

@@ -44,6 +44,11 @@ class Document : public Dispatch {
   /// Opens a window of the document: a hidden code window, or a visible text window
   /// when the host opens it. The document joins the open documents.
   Ref<Window> OpenWindow(bool visible);
+  /// The development environment the document belongs to; none for a document made
+  /// from text.
+  Ref<automation::DTE> DTE() const;
+  /// For windows: `window`, one of the document's, was activated.
+  void Activated(Window& window);
 
   /// A document of `text` (already decoded) named after `path`, parsed as `language`
   /// with `symbols`; not part of any solution. For tests and single files.
@@ -55,7 +60,7 @@ class Document : public Dispatch {
   /// Fails with 53 (missing), 75 (unreadable or over 64 MiB) or 5 (unknown encoding),
   /// the message naming the file.
   static Ref<Document> Load(const std::filesystem::path& path, automation::ProjectItem* item,
-                            std::weak_ptr<DTE> dte, std::string language,
+                            std::weak_ptr<automation::DTE> dte, std::string language,
                             codemodel::PreprocessorSymbols symbols);
 
   explicit Document(DocumentData* data) : m_data(data) {}

@@ -40,6 +40,7 @@ struct DocumentData : std::enable_shared_from_this<DocumentData> {
   std::deque<Window> windows;
   Window* activeWindow = nullptr;
   std::optional<FileCodeModel> codeModel;
+  int shownLine = 0;  // the line the editor's view was last asked to show
   bool parsed = false;
 };
 

@@ -37,7 +37,10 @@ TEST(EditPoint, MovesByLinesAndReadsLinesAndText) {
   EXPECT_EQ(p->Line(), 1);
   EXPECT_EQ(p->GetText(text->EndPoint()), "a\r\nb\r\nc\r\n");
   EXPECT_THROW(p->GetLines(0, 1), platform::Error);
-  EXPECT_THROW(p->MoveToLineAndOffset(9, 1), platform::Error);
+  // A line past the end is the last line, as in the editor; below 1 is an error.
+  p->MoveToLineAndOffset(9, 7);
+  EXPECT_EQ(p->Line(), 4);
+  EXPECT_THROW(p->MoveToLineAndOffset(0, 1), platform::Error);
   EXPECT_THROW(doc->Object("Other"), platform::Error);
 }
 

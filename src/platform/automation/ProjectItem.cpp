@@ -60,7 +60,11 @@ bool ProjectItem::IsOpen(const std::string& viewKind) const {
 
 Ref<Window> ProjectItem::Open(const std::string& viewKind) {
   if (viewKind != vsViewKindCode && !viewKind.empty()) throw Error(err::kInvalidCall);
-  return LoadDocument()->OpenWindow(false);
+  auto document = LoadDocument();
+  // An item open in the code view already gives the window it has.
+  if (IsOpen(viewKind))
+    if (auto window = document->ActiveWindow()) return window;
+  return document->OpenWindow(false);
 }
 
 Ref<Document> ProjectItem::Document() const {

@@ -35,8 +35,8 @@ class ProjectItem : public Dispatch, public std::enable_shared_from_this<Project
   Ref<automation::Project> ContainingProject() const;
   /// Whether the document is open in the view `viewKind`.
   bool IsOpen(const std::string& viewKind) const;
-  /// Opens the document in the code view: a hidden code window. Fails with 53/75 when the
-  /// file cannot be read.
+  /// Opens the document in the code view: a hidden code window, or the window it has
+  /// when it is open already. Fails with 53/75 when the file cannot be read.
   Ref<Window> Open(const std::string& viewKind);
   /// The open document; none when the item is not open.
   Ref<automation::Document> Document() const;

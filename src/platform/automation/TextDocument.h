@@ -1,4 +1,6 @@
 #pragma once
+#include <cstdint>
+
 #include "platform/core/Ref.h"
 
 namespace platform::automation {
@@ -21,6 +23,10 @@ class TextDocument : public Dispatch {
   Ref<Document> Parent() const;
 
   const TextBuffer& textBuffer() const;
+  /// The line the editor's view was last asked to show (TryToShow); 0 before.
+  int ShownLine() const;
+  /// For text points: the view now shows `line`.
+  void ShowLine(int line) const;
   /// A reference to this text document that keeps its document alive.
   Ref<TextDocument> Self() const;
 
@@ -28,7 +34,9 @@ class TextDocument : public Dispatch {
   DocumentData* m_data;
 };
 
-/// The caret and selection of a document's view.
+/// The caret and selection of a document's view: the anchor where the selection
+/// began and the active point (the caret) where it ends; nothing is selected when the
+/// two are the same.
 class TextSelection : public Dispatch {
  public:
   explicit TextSelection(DocumentData* data) : m_data(data) {}
@@ -36,14 +44,31 @@ class TextSelection : public Dispatch {
 
   /// The caret.
   Ref<TextPoint> ActivePoint() const;
-  int CurrentLine() const { return m_line; }
-  /// Moves the caret to the start of `line` (clamped to the document).
+  /// Where the selection began.
+  Ref<TextPoint> AnchorPoint() const;
+  /// The start and the end of the selection, whichever of anchor and caret they are.
+  Ref<TextPoint> TopPoint() const;
+  Ref<TextPoint> BottomPoint() const;
+  /// Whether nothing is selected.
+  bool IsEmpty() const { return m_anchor == m_active; }
+  /// The caret's line.
+  int CurrentLine() const;
+  /// Moves the caret to the start of `line` (clamped to the document); with `select`
+  /// the anchor stays, so the text between is selected.
   void GotoLine(int line, bool select = false);
+  /// Moves the caret to character `offset` of `line`, as the editor does: a line past
+  /// the end is the last line, an offset past the end of its line is the line's end.
+  /// With `extend` the anchor stays. Fails with 5 for a line or offset below 1.
+  void MoveToLineAndOffset(int line, int offset, bool extend = false);
+  /// Moves the caret to `point` (of this document; 5 for another's); with `extend` the
+  /// anchor stays.
+  void MoveToPoint(const Ref<TextPoint>& point, bool extend = false);
   Ref<TextDocument> Parent() const;
 
  private:
   DocumentData* m_data;
-  int m_line = 1;
+  uint32_t m_anchor = 0;  // byte offsets into the text
+  uint32_t m_active = 0;
 };
 
 }  // namespace platform::automation

@@ -16,7 +16,10 @@ Ref<EditPoint> TextPoint::CreateEditPoint() const {
   return std::make_shared<EditPoint>(m_parent, m_offset);
 }
 
-bool TextPoint::TryToShow() const { return true; }
+bool TextPoint::TryToShow(int, int) const {
+  m_parent->ShowLine(Line());
+  return true;
+}
 
 void EditPoint::LineUp(int count) {
   const TextBuffer& t = m_parent->textBuffer();
@@ -30,8 +33,8 @@ void EditPoint::LineDown(int count) {
 
 void EditPoint::MoveToLineAndOffset(int line, int offset) {
   const TextBuffer& t = m_parent->textBuffer();
-  if (line < 1 || line > t.LineCount() || offset < 1) throw Error(err::kInvalidCall);
-  m_offset = t.OffsetOf(line, offset);
+  if (line < 1 || offset < 1) throw Error(err::kInvalidCall);
+  m_offset = t.OffsetOf(std::min(line, t.LineCount()), offset);
 }
 
 std::string EditPoint::GetLines(int start, int endExclusive) const {

@@ -19,8 +19,9 @@ class TextPoint : public Dispatch {
   Ref<TextDocument> Parent() const { return m_parent; }
   /// A new edit point at this position.
   Ref<EditPoint> CreateEditPoint() const;
-  /// Shows the position in the document's window; true.
-  bool TryToShow() const;
+  /// Shows the position in the document's view (`how` 0: centred; the view's line is
+  /// kept for the host to draw, TextDocument::ShownLine); true.
+  bool TryToShow(int how = 0, int pointOrCount = 0) const;
 
   /// The byte offset into the document text.
   uint32_t offset() const { return m_offset; }
@@ -40,7 +41,9 @@ class EditPoint : public TextPoint {
   void LineUp(int count = 1);
   /// Moves down `count` lines to the start of the line (stops at the last line).
   void LineDown(int count = 1);
-  /// Moves to `line`, character `offset`; fails with 5 outside the document.
+  /// Moves to `line`, character `offset`, as the editor does: a line past the end is
+  /// the last line, an offset past the end of its line is the line's end. Fails with 5
+  /// for a line or offset below 1.
   void MoveToLineAndOffset(int line, int offset);
   /// Lines `start` to `endExclusive` - 1 joined with CRLF; fails with 5 when
   /// `start` < 1, `endExclusive` <= `start` or a line is past the end.

@@ -1,5 +1,8 @@
 #include "platform/dao/Recordset.h"
 
+#include <algorithm>
+#include <unordered_map>
+
 #include "platform/core/Error.h"
 #include "platform/dao/Catalog.h"
 #include "platform/dao/Connection.h"
@@ -276,6 +279,58 @@ void Recordset::SetAbsolutePosition(int32_t position) {
   Discard();
   m_position = position;
   m_nowhere = false;
+  m_currentLoaded = false;
+}
+
+void Recordset::ReadRows(const std::function<void(int32_t, std::vector<Variant>&)>& sink) {
+  CheckOpen();
+  if (m_keys.empty()) return;
+  std::string columns = "rowid";
+  for (auto& field : m_fieldList) columns += ", " + Catalog::Quote(field->Name());
+  Statement scan(*m_connection, "SELECT " + columns + " FROM " + QualifiedName() + " ORDER BY rowid");
+  // The set's keys are in rowid order unless a row was added with an explicit key
+  // below the others; then a map finds each row's position.
+  const bool ordered = std::is_sorted(m_keys.begin(), m_keys.end());
+  std::unordered_map<int64_t, int32_t> positionOf;
+  if (!ordered)
+    for (size_t i = 0; i < m_keys.size(); ++i) positionOf.emplace(m_keys[i], static_cast<int32_t>(i));
+  std::vector<std::pair<int32_t, std::vector<Variant>>> unordered;
+  std::vector<Variant> values(m_fieldList.size());
+  size_t next = 0;
+  while (scan.Step()) {
+    const int64_t rowid = scan.ColumnInt64(0);
+    int32_t position = -1;
+    if (ordered) {
+      while (next < m_keys.size() && m_keys[next] < rowid) ++next;
+      if (next < m_keys.size() && m_keys[next] == rowid) position = static_cast<int32_t>(next++);
+    } else if (auto it = positionOf.find(rowid); it != positionOf.end()) {
+      position = it->second;
+    }
+    if (position < 0) continue;  // added by another recordset after this one was made
+    for (size_t i = 0; i < m_fieldList.size(); ++i) {
+      Variant value = scan.ColumnVariant(static_cast<int>(i) + 1);
+      if (m_fieldList[i]->Type() == dbBoolean && !value.IsEmpty() &&
+          value.type() != Variant::Type::String)
+        value = Variant(ToDouble(value) != 0);
+      values[i] = std::move(value);
+    }
+    if (ordered) sink(position, values);
+    else unordered.emplace_back(position, values);
+  }
+  scan.Reset();
+  std::sort(unordered.begin(), unordered.end(),
+            [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (auto& [position, row] : unordered) sink(position, row);
+}
+
+void Recordset::Requery() {
+  CheckOpen();
+  Discard();
+  m_keys.clear();
+  Statement keys(*m_connection, "SELECT rowid FROM " + QualifiedName() + " ORDER BY rowid");
+  while (keys.Step()) m_keys.push_back(keys.ColumnInt64(0));
+  m_position = 0;
+  m_nowhere = m_keys.empty();
   m_currentLoaded = false;
 }
 

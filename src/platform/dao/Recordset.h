@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -81,6 +82,17 @@ class Recordset {
   int32_t AbsolutePosition() const;
   /// Makes row `position` current; 3001 when there is no such row.
   void SetAbsolutePosition(int32_t position);
+
+  /// Reads the rows of the set in one pass, in the set's order, and hands each to
+  /// `sink` with its position and its values (one per field, converted as Fields reads
+  /// them). Rows deleted since the set was made are left out. Does not move the current
+  /// row; a pending AddNew or Edit is kept. Reading row by row through the fields costs
+  /// one query a row; this costs one query for the whole set.
+  void ReadRows(const std::function<void(int32_t position, std::vector<Variant>& values)>& sink);
+  /// Makes the set afresh from what the table holds now (rows added or deleted by
+  /// others join or leave it) and moves to the first row. A pending AddNew or Edit is
+  /// discarded.
+  void Requery();
 
   /// Commits what was written and releases the recordset; later use fails with 3420.
   /// Closing twice is allowed. Throws the DAO error of a failed commit.

@@ -169,3 +169,24 @@ TEST_F(RecordsetTest, RowsAppendedAreInTheFileOnceTheRecordsetCloses) {
   auto count = other->OpenRecordset("Rows", dbOpenSnapshot);
   EXPECT_EQ(count->RecordCount(), 50);
 }
+
+TEST_F(RecordsetTest, ReadRowsHandsOverTheSetInOnePassAndRequeryRemakesIt) {
+  auto rs = db->OpenRecordset("Rows", dbOpenDynaset);
+  for (int i = 1; i <= 3; ++i) Add(*rs, i * 10);
+  auto other = db->OpenRecordset("Rows", dbOpenDynaset);
+  Add(*rs, 40);  // joins rs, not other
+  db->Execute("DELETE FROM Rows WHERE Need = 20");
+  std::vector<std::pair<int32_t, int32_t>> seen;
+  other->ReadRows([&](int32_t position, std::vector<Variant>& values) {
+    seen.emplace_back(position, platform::ToInt32(values[5]));
+  });
+  EXPECT_EQ(seen, (std::vector<std::pair<int32_t, int32_t>>{{0, 10}, {2, 30}}));
+  other->Requery();
+  EXPECT_EQ(other->RecordCount(), 3);
+  EXPECT_EQ(platform::ToInt32(other->Fields("Need")->Value()), 10);
+  seen.clear();
+  other->ReadRows([&](int32_t position, std::vector<Variant>& values) {
+    seen.emplace_back(position, platform::ToInt32(values[5]));
+  });
+  EXPECT_EQ(seen, (std::vector<std::pair<int32_t, int32_t>>{{0, 10}, {1, 30}, {2, 40}}));
+}

@@ -112,6 +112,14 @@ ScriptedPresenter& ScriptedPresenter::Do(std::function<void(Form&)> action) {
 
 void ScriptedPresenter::Shown(Form& form) { log.push_back("show " + form.Caption); }
 
+void ScriptedPresenter::Play(Form& form) {
+  while (!m_script.empty()) {
+    Action action = std::move(m_script.front());
+    m_script.pop_front();
+    action(form);
+  }
+}
+
 void ScriptedPresenter::RunModal(Form& form) {
   log.push_back("modal " + form.Caption);
   while (form.IsVisible() && form.IsLoaded()) {

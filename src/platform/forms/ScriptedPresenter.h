@@ -48,6 +48,11 @@ class ScriptedPresenter : public Presenter {
   /// Anything else a test needs to do to the form on top.
   ScriptedPresenter& Do(std::function<void(Form&)> action);
 
+  /// Plays the queued actions on `form`, a form shown without a modal loop of its own
+  /// (the document of a tool window), until the script runs out. A modal form that an
+  /// action shows takes the actions while it is up, as it would in RunModal.
+  void Play(Form& form);
+
   void RunModal(Form& form) override;
   void Shown(Form& form) override;
 

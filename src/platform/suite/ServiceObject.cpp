@@ -10,6 +10,7 @@
 #include "platform/automation/TextDocument.h"
 #include "platform/automation/TextPoint.h"
 #include "platform/core/Error.h"
+#include "platform/grid/Grid.h"
 #include "platform/suite/ErrorReport.h"
 
 namespace platform::suite {
@@ -65,6 +66,18 @@ Ref<automation::CodeElement> ServiceObject::CodeElementAtCaret(
 bool FileObject::FileExists(const std::string& path) const {
   std::error_code ec;
   return fs::is_regular_file(path, ec);
+}
+
+std::string ServiceObject::VisibleColumns(const grid::Grid& grid) const {
+  std::string list;
+  for (const auto& span : grid.VisibleColumns()) {
+    // A column of the grid's own shows no field; without a recordset, every column is
+    // taken for the field it is keyed by.
+    if (grid.IsBound() && span.column->Field() < 0) continue;
+    if (!list.empty()) list += ", ";
+    list += "[" + span.column->Key() + "]";
+  }
+  return list;
 }
 
 }  // namespace platform::suite

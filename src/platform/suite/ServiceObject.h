@@ -9,6 +9,9 @@ class ProjectItem;
 class TextPoint;
 class CodeElement;
 }  // namespace platform::automation
+namespace platform::grid {
+class Grid;
+}
 
 namespace platform::suite {
 
@@ -40,6 +43,10 @@ class ServiceObject : public Dispatch {
   Ref<automation::CodeElement> CodeElementAtCaret(const Ref<automation::Document>& document,
                                                  const Ref<automation::TextPoint>& point,
                                                  int option) const;
+  /// The grid's visible columns that show a field of its recordset (all visible
+  /// columns of a grid without one), in their order on screen, as a select list:
+  /// "[Project], [Document], [Problem]". "" when no such column is visible.
+  std::string VisibleColumns(const grid::Grid& grid) const;
 
  private:
   std::shared_ptr<SettingsStore> m_settings;
