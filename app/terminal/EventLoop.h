@@ -1,0 +1,50 @@
+#pragma once
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "terminal/Layer.h"
+#include "terminal/Terminal.h"
+
+namespace app::terminal {
+
+/// The host's message loop on a terminal: draws the layers, waits a short tick for
+/// input, lets the real time that passed run on the forms' clock (so timers, such as
+/// the delayed hints, fall due as a person expects), runs the pending messages
+/// (DoEvents), and hands the input to the layer in front. Loops nest: a modal dialog
+/// opened from an input handler runs its own loop with its layer on top.
+class EventLoop {
+ public:
+  static constexpr int kTickMs = 50;
+
+  /// `now` tells the time in milliseconds (the steady clock unless a test gives one).
+  explicit EventLoop(Terminal& terminal, std::function<int64_t()> now = {});
+
+  Terminal& terminal() { return m_t; }
+  /// The time in milliseconds.
+  int64_t Now() const { return m_now(); }
+  const std::function<int64_t()>& NowFunction() const { return m_now; }
+
+  void Push(Layer* layer) { m_layers.push_back(layer); }
+  /// Removes `layer` (and any layer above it).
+  void Pop(Layer* layer);
+  bool Empty() const { return m_layers.empty(); }
+
+  /// Runs until `running` says false or the terminal goes away.
+  void Run(const std::function<bool()>& running);
+  /// Draws every layer and shows the frame.
+  void Redraw();
+  /// Lets the time passed since the last call run on the forms' clock.
+  void AdvanceClock();
+  /// Whether the terminal went away (hang-up, end of input); every loop then ends.
+  bool Closed() const { return m_closed; }
+
+ private:
+  Terminal& m_t;
+  std::function<int64_t()> m_now;
+  int64_t m_last;
+  std::vector<Layer*> m_layers;
+  bool m_closed = false;
+};
+
+}  // namespace app::terminal

@@ -1,0 +1,117 @@
+#include "terminal/MemoryTerminal.h"
+
+#include "terminal/TextCells.h"
+
+namespace app::terminal {
+
+MemoryTerminal::MemoryTerminal(int columns, int rows, bool unicode)
+    : m_columns(columns), m_rows(rows), m_unicode(unicode),
+      m_cells(static_cast<size_t>(columns * rows)) {}
+
+void MemoryTerminal::Clear() {
+  for (Cell& c : m_cells) c = Cell{};
+}
+
+void MemoryTerminal::Put(int x, int y, std::string_view s, const Style& style) {
+  if (y < 0 || y >= m_rows) return;
+  for (const std::string& c : text::Characters(s)) {
+    int w = text::CharWidth(c);
+    if (w == 0) continue;
+    if (x >= m_columns) return;
+    if (x >= 0) {
+      if (x + w > m_columns) return;
+      At(x, y) = Cell{c, style};
+      if (w == 2) At(x + 1, y) = Cell{"", style};
+    }
+    x += w;
+  }
+}
+
+void MemoryTerminal::SetCursor(int x, int y, bool visible) {
+  cursorX = x;
+  cursorY = y;
+  cursorVisible = visible;
+}
+
+InputEvent MemoryTerminal::Read(int timeoutMs) {
+  if (m_input.empty()) {
+    now += timeoutMs < 0 ? 1000 : timeoutMs;
+    return {};
+  }
+  InputEvent e = std::move(m_input.front());
+  m_input.pop_front();
+  return e;
+}
+
+void MemoryTerminal::SetSize(int columns, int rows) {
+  m_columns = columns;
+  m_rows = rows;
+  m_cells.assign(static_cast<size_t>(columns * rows), Cell{});
+  InputEvent e;
+  e.kind = InputEvent::Resize;
+  Queue(e);
+}
+
+void MemoryTerminal::Key(int code, int shift) {
+  InputEvent e;
+  e.kind = InputEvent::Key;
+  e.key = code;
+  e.shift = shift;
+  Queue(e);
+}
+
+void MemoryTerminal::Type(const std::string& s) {
+  for (const std::string& c : text::Characters(s)) {
+    InputEvent e;
+    e.kind = InputEvent::Char;
+    e.text = c;
+    Queue(e);
+  }
+}
+
+void MemoryTerminal::Mouse(InputEvent::MouseAction action, int button, int x, int y, int shift) {
+  InputEvent e;
+  e.kind = InputEvent::Mouse;
+  e.action = action;
+  e.button = button;
+  e.x = x;
+  e.y = y;
+  e.shift = shift;
+  Queue(e);
+}
+
+std::string MemoryTerminal::Line(int y) const {
+  std::string out;
+  if (y < 0 || y >= m_rows) return out;
+  for (int x = 0; x < m_columns; ++x) out += At(x, y).glyph;
+  size_t end = out.find_last_not_of(' ');
+  return end == std::string::npos ? "" : out.substr(0, end + 1);
+}
+
+std::string MemoryTerminal::Text() const {
+  std::string out;
+  for (int y = 0; y < m_rows; ++y) out += Line(y) + "\n";
+  return out;
+}
+
+std::pair<int, int> MemoryTerminal::Find(std::string_view s) const {
+  for (int y = 0; y < m_rows; ++y) {
+    std::string line;
+    std::vector<int> columnOf;  // the cell each byte of `line` starts in
+    for (int x = 0; x < m_columns; ++x) {
+      for (size_t k = 0; k < At(x, y).glyph.size(); ++k) columnOf.push_back(x);
+      line += At(x, y).glyph;
+    }
+    size_t at = line.find(s);
+    if (at != std::string::npos) return {columnOf[at], y};
+  }
+  return {-1, -1};
+}
+
+const Style& MemoryTerminal::StyleAt(int x, int y) const {
+  static const Style kNone;
+  if (x < 0 || y < 0 || x >= m_columns || y >= m_rows) return kNone;
+  return At(x, y).style;
+}
+
+}  // namespace app::terminal
