@@ -39,7 +39,7 @@ CellRect CellRect::Intersect(const CellRect& o) const {
 int FormLayout::CellsX(int twips) { return RoundedCells(twips, Screen::TwipsPerCellX); }
 int FormLayout::CellsY(int twips) { return RoundedCells(twips, Screen::TwipsPerCellY); }
 
-FormLayout::FormLayout(const platform::forms::Form& form, int originX, int originY) {
+FormLayout::FormLayout(const platform::forms::Form& form, int originX, int originY) : m_form(&form) {
   m_client = {originX, originY, std::max(1, CellsX(form.Width)), std::max(1, CellsY(form.Height))};
   for (Control* c : form.Controls()) {
     if (!c->Shown() || c->Width <= 0 || c->Height <= 0) continue;
@@ -104,12 +104,28 @@ std::pair<int, int> FormLayout::PointIn(const Control& control, int x, int y) co
 }
 
 std::pair<int, int> FormLayout::FormPoint(int x, int y) const {
-  if (Control* c = At(x, y)) {
-    auto [px, py] = PointIn(*c, x, y);
-    return {c->FormLeft() + px, c->FormTop() + py};
+  // The centre of the cell (kept inside the control drawn there) stands for it, unless
+  // the form finds another control at that point (the cell's centre lies on an edge
+  // the rounding put elsewhere, or two controls share the cell); then another point of
+  // the cell where the form finds the control drawn, or no control when none is.
+  Control* drawn = At(x, y);
+  const int cellLeft = (x - m_client.x) * Screen::TwipsPerCellX, cellTop = (y - m_client.y) * Screen::TwipsPerCellY;
+  std::pair<int, int> first{cellLeft + Screen::TwipsPerCellX / 2, cellTop + Screen::TwipsPerCellY / 2};
+  if (drawn) {
+    auto [px, py] = PointIn(*drawn, x, y);
+    first = {drawn->FormLeft() + px, drawn->FormTop() + py};
   }
-  return {(x - m_client.x) * Screen::TwipsPerCellX + Screen::TwipsPerCellX / 2,
-          (y - m_client.y) * Screen::TwipsPerCellY + Screen::TwipsPerCellY / 2};
+  if (!m_form || m_form->ControlAt(first.first, first.second) == drawn) return first;
+  // Twips points spread over the cell, a few twips apart, find the thin strips
+  // between controls that the cell also covers.
+  constexpr int kAcross = 4, kDown = 8;
+  for (int j = 0; j < kDown; ++j)
+    for (int i = 0; i < kAcross; ++i) {
+      int px = cellLeft + (2 * i + 1) * Screen::TwipsPerCellX / (2 * kAcross);
+      int py = cellTop + (2 * j + 1) * Screen::TwipsPerCellY / (2 * kDown);
+      if (m_form->ControlAt(px, py) == drawn) return {px, py};
+    }
+  return first;
 }
 
 }  // namespace app::terminal

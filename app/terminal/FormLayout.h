@@ -61,11 +61,12 @@ class FormLayout {
   /// The point (twips, relative to `control`) that the cell (x, y) stands for: the
   /// cell's centre, kept inside the control.
   std::pair<int, int> PointIn(const platform::forms::Control& control, int x, int y) const;
-  /// The point (twips, on the client area) that the cell stands for: inside the control
-  /// drawn there, else the cell's centre.
+  /// The point (twips, on the client area) that the cell stands for: one the form finds
+  /// the control drawn there at (Form::ControlAt), or no control when none is drawn.
   std::pair<int, int> FormPoint(int x, int y) const;
 
  private:
+  const platform::forms::Form* m_form;
   CellRect m_client;
   std::vector<Placed> m_placed;
 };

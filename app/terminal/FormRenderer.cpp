@@ -237,7 +237,8 @@ void FormRenderer::Tree(const FormLayout::Placed& p, const forms::TreeView& t, b
   std::vector<TreeLine> lines = TreeLinesOf(t);
   TreeCursor& cursor = m_trees[&t];
   int top = cursor.Top(lines, inner.h);
-  int current = cursor.Placed() ? cursor.Line(lines) : -1;
+  // The focused tree shows its cursor on the first line until the cursor is moved.
+  int current = cursor.Placed() ? cursor.Line(lines) : focused ? 0 : -1;
   for (int i = 0; i < inner.h && top + i < static_cast<int>(lines.size()); ++i) {
     const TreeLine& line = lines[static_cast<size_t>(top + i)];
     std::string s(static_cast<size_t>(2 * line.depth), ' ');

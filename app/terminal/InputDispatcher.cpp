@@ -61,7 +61,9 @@ void InputDispatcher::Key(forms::Form& form, const FormLayout& layout, const Inp
   }
   if (e.kind != InputEvent::Key) return;
   if ((e.shift & mod::Alt) && !(e.shift & mod::Ctrl)) {
-    if (char letter = AccessLetter(e.text)) form.UserAccessKey(letter);
+    bool letterKey = (e.key >= 'A' && e.key <= 'Z') || (e.key >= '0' && e.key <= '9');
+    if (char letter = letterKey ? AccessLetter(std::string(1, static_cast<char>(e.key))) : AccessLetter(e.text))
+      form.UserAccessKey(letter);
     return;
   }
   if (auto* tree = dynamic_cast<forms::TreeView*>(focus); tree && e.shift == 0 && TreeKey(*tree, layout, e.key))
@@ -88,7 +90,9 @@ bool InputDispatcher::TreeKey(forms::TreeView& tree, const FormLayout& layout, i
   TreeCursor& cursor = m_trees[&tree];
   const FormLayout::Placed* placed = layout.Find(&tree);
   int page = placed ? std::max(1, geometry::TreeInnerOf(placed->rect).h - 1) : 10;
-  int line = cursor.Placed() ? cursor.Line(lines) : -1;
+  // A tree that has the focus has its cursor on a line: the first one until moved.
+  if (!cursor.Placed()) cursor.SetLine(lines, 0);
+  int line = cursor.Line(lines);
   int last = static_cast<int>(lines.size()) - 1;
   int to = line;
   const TreeLine* at = line >= 0 ? &lines[static_cast<size_t>(line)] : nullptr;

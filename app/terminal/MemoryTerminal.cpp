@@ -1,5 +1,7 @@
 #include "terminal/MemoryTerminal.h"
 
+#include <algorithm>
+
 #include "terminal/TextCells.h"
 
 namespace app::terminal {
@@ -34,14 +36,42 @@ void MemoryTerminal::SetCursor(int x, int y, bool visible) {
 }
 
 InputEvent MemoryTerminal::Read(int timeoutMs) {
+  int64_t step = timeoutMs < 0 ? 1000 : timeoutMs;
   if (m_input.empty()) {
-    now += timeoutMs < 0 ? 1000 : timeoutMs;
+    now += step;
+    m_idle += step;
+    InputEvent none;
+    if (m_idle >= idleLimitMs) none.kind = InputEvent::Closed;
+    return none;
+  }
+  m_idle = 0;
+  Item& front = m_input.front();
+  if (front.wait > 0) {
+    // Waiting: time passes in steps of the loop's timeout, with nothing to report.
+    int64_t passed = std::min(front.wait, step);
+    front.wait -= passed;
+    now += passed;
     return {};
   }
-  InputEvent e = std::move(m_input.front());
+  if (front.call) {
+    auto call = std::move(front.call);
+    m_input.pop_front();
+    call();
+    return {};
+  }
+  InputEvent e = std::move(front.event);
   m_input.pop_front();
   return e;
 }
+
+void MemoryTerminal::Click(int x, int y) {
+  Mouse(InputEvent::Press, 1, x, y);
+  Mouse(InputEvent::Release, 1, x, y);
+}
+
+void MemoryTerminal::Wait(int64_t milliseconds) { m_input.push_back({InputEvent{}, milliseconds, {}}); }
+
+void MemoryTerminal::Call(std::function<void()> call) { m_input.push_back({InputEvent{}, 0, std::move(call)}); }
 
 void MemoryTerminal::SetSize(int columns, int rows) {
   m_columns = columns;

@@ -1,5 +1,6 @@
 #pragma once
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,9 @@ namespace app::terminal {
 /// with the style of each cell, and a queue of input events played in order. Time is
 /// its own: a Read that finds the queue empty lets its timeout pass on `now` (a wait
 /// without end counts as one second) and reports nothing, so a test decides how much
-/// time passes between the events it plays.
+/// time passes between the events it plays (Wait). Once the queue has been empty for
+/// `idleLimitMs`, Read reports the terminal closed, so a loop the test forgot to end
+/// ends all the same.
 class MemoryTerminal : public Terminal {
  public:
   MemoryTerminal(int columns, int rows, bool unicode = true);
@@ -32,10 +35,17 @@ class MemoryTerminal : public Terminal {
   /// queued.
   void SetSize(int columns, int rows);
   /// Queues input.
-  void Queue(InputEvent event) { m_input.push_back(std::move(event)); }
+  void Queue(InputEvent event) { m_input.push_back({std::move(event), 0, {}}); }
   void Key(int code, int shift = 0);
   void Type(const std::string& text);  // one Char event per character
   void Mouse(InputEvent::MouseAction action, int button, int x, int y, int shift = 0);
+  /// A press and a release of the left button on a cell.
+  void Click(int x, int y);
+  /// Lets `milliseconds` pass before the next event.
+  void Wait(int64_t milliseconds);
+  /// Runs `call` when the events before it have been read (to look at the screen or the
+  /// form in the middle of a loop).
+  void Call(std::function<void()> call);
   size_t Pending() const { return m_input.size(); }
 
   /// Row `y` as text, trailing blanks removed.
@@ -53,6 +63,7 @@ class MemoryTerminal : public Terminal {
   int flushes = 0;
   /// Milliseconds that have passed in Reads.
   int64_t now = 0;
+  int64_t idleLimitMs = 60000;
 
  private:
   struct Cell {
@@ -65,7 +76,13 @@ class MemoryTerminal : public Terminal {
   int m_columns, m_rows;
   bool m_unicode;
   std::vector<Cell> m_cells;
-  std::deque<InputEvent> m_input;
+  struct Item {
+    InputEvent event;
+    int64_t wait = 0;
+    std::function<void()> call;
+  };
+  std::deque<Item> m_input;
+  int64_t m_idle = 0;
 };
 
 }  // namespace app::terminal

@@ -55,6 +55,10 @@ void InstallHandlers() {
   if (installed) return;
   installed = true;
   for (int sig : kEndingSignals) {
+    // A signal the program was started to ignore stays ignored (a program run in the
+    // background of a shell without job control ignores SIGINT and SIGQUIT).
+    struct sigaction old {};
+    if (sigaction(sig, nullptr, &old) == 0 && old.sa_handler == SIG_IGN) continue;
     struct sigaction sa {};
     sa.sa_handler = OnSignal;
     sigemptyset(&sa.sa_mask);

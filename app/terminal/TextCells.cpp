@@ -130,7 +130,7 @@ std::vector<std::string> Wrap(std::string_view s, int width) {
         line += c;
         used += cw;
       }
-      any = true;
+      if (!word.empty()) any = true;
     }
     if (used > 0 || !any) lines.push_back(line);
     if (nl == std::string_view::npos) break;

@@ -68,6 +68,18 @@ FCCOptions::FCCOptions()
       imgState(*this, "imgState") {
   Width = 5400;
   Height = 5700;
+  // In cells of 120 by 240 twips: the prompt over two lines, the tree on the left with
+  // its buttons beside it, a separator, and the dialog's buttons along the bottom.
+  constexpr int x = 120, y = 240;
+  Label1.Move(1 * x, 1 * y, 43 * x, 2 * y);
+  TreeView1.Move(1 * x, 4 * y, 29 * x, 15 * y);
+  cmdCheckAll.Move(31 * x, 4 * y, 13 * x, 1 * y);
+  cmdUncheckAll.Move(31 * x, 6 * y, 13 * x, 1 * y);
+  cmdXMLTemplates.Move(31 * x, 8 * y, 13 * x, 1 * y);
+  AreaSeparator1.Move(1 * x, 20 * y, 43 * x, 1 * y);
+  Command3.Move(1 * x, 22 * y, 9 * x, 1 * y);
+  Command1.Move(24 * x, 22 * y, 9 * x, 1 * y);
+  Command2.Move(35 * x, 22 * y, 9 * x, 1 * y);
   for (const auto& k : kKindIcons) ImageList1.Add(k.icon, std::string(k.icon) + ".bmp");
   ImageList1.Add("imgComments", "imgComments.bmp");
   imgState.Add("", "stateNone.bmp");

@@ -1,0 +1,105 @@
+#include "terminal/FormLayout.h"
+
+#include <gtest/gtest.h>
+
+#include "options/FOptions.h"
+#include "platform/forms/CommandButton.h"
+#include "platform/forms/Form.h"
+#include "platform/forms/Frame.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/UserControl.h"
+
+using namespace app::terminal;
+namespace forms = platform::forms;
+
+TEST(FormLayoutTest, RoundsTwipsToTheNearestCellEdge) {
+  EXPECT_EQ(FormLayout::CellsX(0), 0);
+  EXPECT_EQ(FormLayout::CellsX(59), 0);
+  EXPECT_EQ(FormLayout::CellsX(60), 1);  // half a cell goes up
+  EXPECT_EQ(FormLayout::CellsX(4455), 37);
+  EXPECT_EQ(FormLayout::CellsY(3540), 15);
+  EXPECT_EQ(FormLayout::CellsY(119), 0);
+  EXPECT_EQ(FormLayout::CellsY(120), 1);
+  EXPECT_EQ(FormLayout::CellsX(-60), 0);
+  EXPECT_EQ(FormLayout::CellsX(-61), -1);
+}
+
+TEST(FormLayoutTest, PlacesTheOptionsDialogAtTheFixedScale) {
+  annotra::FOptions dialog;
+  dialog.ctlXMLComments1.Visible = true;
+  FormLayout layout(dialog, 10, 5);
+  EXPECT_EQ(layout.Client(), (CellRect{10, 5, 55, 17}));
+  EXPECT_EQ(layout.Find(&dialog.Command1)->rect, (CellRect{10 + 37, 5 + 15, 8, 1}));
+  EXPECT_EQ(layout.Find(&dialog.cmbOperationScope)->rect, (CellRect{10 + 7, 5 + 1, 47, 1}));
+  EXPECT_EQ(layout.Find(&dialog.lblHint)->rect, (CellRect{10 + 2, 5 + 12, 51, 2}));
+  // The hidden page is not laid out at all.
+  EXPECT_EQ(layout.Find(&dialog.ctlStdComments1.chkEnabled), nullptr);
+  // The page's last row lies below the page's own height but inside the tab strip: it
+  // is drawn and can be hit.
+  const FormLayout::Placed* extra = layout.Find(&dialog.ctlXMLComments1.chkInheritDoc);
+  ASSERT_NE(extra, nullptr);
+  EXPECT_GE(extra->rect.y, layout.Find(&dialog.ctlXMLComments1)->rect.Bottom());
+  EXPECT_EQ(extra->clip.Intersect(extra->rect), extra->rect);
+  EXPECT_EQ(layout.At(extra->rect.x, extra->rect.y), &dialog.ctlXMLComments1.chkInheritDoc);
+}
+
+TEST(FormLayoutTest, ACellIsHitExactlyWhereTheFormFindsTheControlAtItsPoint) {
+  annotra::FOptions dialog;
+  dialog.ctlXMLComments1.Visible = true;
+  FormLayout layout(dialog, 3, 2);
+  const CellRect& client = layout.Client();
+  for (int y = client.y; y < client.Bottom(); ++y) {
+    for (int x = client.x; x < client.Right(); ++x) {
+      forms::Control* drawn = layout.At(x, y);
+      auto [fx, fy] = layout.FormPoint(x, y);
+      EXPECT_EQ(dialog.ControlAt(fx, fy), drawn) << "cell " << x - client.x << "," << y - client.y;
+      if (drawn) {
+        auto [px, py] = layout.PointIn(*drawn, x, y);
+        EXPECT_TRUE(px >= 0 && px < drawn->Width && py >= 0 && py < drawn->Height);
+      }
+    }
+  }
+}
+
+TEST(FormLayoutTest, TextRunsOnOverFreeCellsUpToTheNextControlOrTheContainersEdge) {
+  forms::Form form("F");
+  form.Width = 40 * 120;
+  form.Height = 10 * 240;
+  forms::Frame frame(form, "Frame1");
+  frame.Move(0, 0, 30 * 120, 5 * 240);
+  forms::Label inside(frame, "Label1", "A long caption");
+  inside.Move(120, 240, 3 * 120, 240);
+  forms::Label near(frame, "Label2", "x");
+  near.Move(20 * 120, 240, 2 * 120, 240);
+  forms::Label alone(form, "Label3", "y");
+  alone.Move(120, 7 * 240, 120, 240);
+  forms::CommandButton tiny(form, "Command1", "&OK");
+  tiny.Move(35 * 120, 8 * 240, 30, 30);  // smaller than a cell
+  FormLayout layout(form, 0, 0);
+  EXPECT_EQ(layout.Find(&inside)->textRight, 20);
+  EXPECT_TRUE(layout.Find(&inside)->textMeetsControl);
+  EXPECT_EQ(layout.Find(&near)->textRight, 30);  // the frame's edge
+  EXPECT_FALSE(layout.Find(&near)->textMeetsControl);
+  EXPECT_EQ(layout.Find(&alone)->textRight, 40);  // the client area's edge
+  EXPECT_EQ(layout.Find(&tiny)->rect, (CellRect{35, 8, 1, 1}));
+  // Outer controls come before the ones they hold.
+  EXPECT_EQ(layout.Controls().front().control, &frame);
+}
+
+TEST(FormLayoutTest, AContainerCutsWhatItHoldsButAPanelDoesNot) {
+  forms::Form form("F");
+  form.Width = 20 * 120;
+  form.Height = 10 * 240;
+  forms::Frame frame(form, "Frame1");
+  frame.Move(0, 0, 10 * 120, 4 * 240);
+  forms::UserControl panel(frame, "Panel1");
+  panel.Move(0, 0, 5 * 120, 2 * 240);
+  forms::Label beyondPanel(panel, "Label1", "a");
+  beyondPanel.Move(0, 3 * 240, 120, 240);  // below the panel, inside the frame
+  forms::Label beyondFrame(panel, "Label2", "b");
+  beyondFrame.Move(0, 6 * 240, 120, 240);  // below the frame
+  FormLayout layout(form, 0, 0);
+  EXPECT_EQ(layout.At(0, 3), &beyondPanel);
+  EXPECT_EQ(layout.At(0, 6), nullptr);
+  EXPECT_TRUE(layout.Find(&beyondFrame)->clip.Intersect(layout.Find(&beyondFrame)->rect).Empty());
+}
