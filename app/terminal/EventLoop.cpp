@@ -35,10 +35,33 @@ void EventLoop::Redraw() {
   m_t.Flush();
 }
 
+InputEvent EventLoop::Next(int timeoutMs) {
+  if (m_pending.empty()) return m_t.Read(timeoutMs);
+  InputEvent e = std::move(m_pending.front());
+  m_pending.pop_front();
+  return e;
+}
+
+bool EventLoop::TakeKey(int keyCode, int shift) {
+  // What has arrived: a bounded number of events, so a flood cannot hold the caller.
+  for (int i = 0; i < 256; ++i) {
+    InputEvent e = m_t.Read(0);
+    if (e.kind == InputEvent::None) break;
+    m_pending.push_back(std::move(e));
+    if (m_pending.back().kind == InputEvent::Closed) break;
+  }
+  for (auto it = m_pending.begin(); it != m_pending.end(); ++it)
+    if (it->kind == InputEvent::Key && it->key == keyCode && it->shift == shift) {
+      m_pending.erase(it);
+      return true;
+    }
+  return false;
+}
+
 void EventLoop::Run(const std::function<bool()>& running) {
   while (!m_closed && running()) {
     Redraw();
-    InputEvent e = m_t.Read(kTickMs);
+    InputEvent e = Next(kTickMs);
     AdvanceClock();
     if (e.kind == InputEvent::Closed) {
       m_closed = true;

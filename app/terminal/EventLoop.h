@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <vector>
 
@@ -39,11 +40,20 @@ class EventLoop {
   /// Whether the terminal went away (hang-up, end of input); every loop then ends.
   bool Closed() const { return m_closed; }
 
+  /// Reads what the person typed so far without waiting, and takes out the first key
+  /// `keyCode` with `shift`; true when there was one. Everything else read waits, in
+  /// order, for the loop. (For code that runs long without the loop, to see whether
+  /// the person asked it to stop.)
+  bool TakeKey(int keyCode, int shift);
+
  private:
   Terminal& m_t;
   std::function<int64_t()> m_now;
   int64_t m_last;
+  InputEvent Next(int timeoutMs);
+
   std::vector<Layer*> m_layers;
+  std::deque<InputEvent> m_pending;
   bool m_closed = false;
 };
 

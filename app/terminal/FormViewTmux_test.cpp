@@ -22,8 +22,8 @@ class FormViewTmuxTest : public ::testing::Test {
   std::unique_ptr<TmuxSession> Start(const std::string& args) {
     std::string command = "env TERM=xterm-256color LANG=C.UTF-8 ANNOTRA_HOME=" + TmuxSession::Quote(home.path().string()) +
                           " " + ANNOTRA_FORMVIEW + " " + args + " & echo $! > " + TmuxSession::Quote(PidFile()) +
-                          "; wait $!; echo EXIT=$?; printf 'TTY='; stty -a | tr -s ' ;' '\\n\\n' | "
-                          "grep -E '^-?(icanon|echo)$' | tr '\\n' ' '; echo; exec sleep 600";
+                          "; wait $!; echo EXIT=$?; echo \"TTY=$(stty -a | tr -s ' ;' '\\n\\n' | "
+                          "grep -E '^-?(icanon|echo)$' | tr '\\n' ' ')\"; echo SHELL-DONE; exec sleep 600";
     return std::make_unique<TmuxSession>(command);
   }
   std::string PidFile() const { return (home.path() / "pid").string(); }
@@ -34,7 +34,7 @@ class FormViewTmuxTest : public ::testing::Test {
   // The program has ended with `exit` and left the terminal as the shell had it: out of
   // the alternate screen, no mouse reports, the cursor shown, the line discipline on.
   static void ExpectRestored(const TmuxSession& t, const std::string& exit) {
-    ASSERT_TRUE(t.WaitFor("TTY=")) << t.Screen();
+    ASSERT_TRUE(t.WaitFor("SHELL-DONE")) << t.Screen();
     EXPECT_NE(t.Screen().find("EXIT=" + exit + "\n"), std::string::npos) << t.Screen();
     EXPECT_NE(t.Screen().find("TTY=icanon echo"), std::string::npos) << t.Screen();
     EXPECT_EQ(t.Format("#{alternate_on} #{mouse_any_flag} #{mouse_all_flag} #{cursor_flag}"), "0 0 0 1");
@@ -119,7 +119,7 @@ TEST_F(FormViewTmuxTest, TheTerminalIsRestoredWhenTheProgramCrashesOrExits) {
     auto t = Start("crash " + how);
     ASSERT_TRUE(t->WaitFor("Crash now?")) << t->Screen();
     t->Keys({"y"});
-    ASSERT_TRUE(t->WaitFor("TTY=")) << t->Screen();
+    ASSERT_TRUE(t->WaitFor("SHELL-DONE")) << t->Screen();
     EXPECT_EQ(t->Screen().find("EXIT=0\n"), std::string::npos) << t->Screen();
     EXPECT_NE(t->Screen().find("TTY=icanon echo"), std::string::npos) << t->Screen();
     EXPECT_EQ(t->Format("#{alternate_on} #{mouse_any_flag} #{mouse_all_flag} #{cursor_flag}"), "0 0 0 1");

@@ -8,7 +8,10 @@ namespace platform::automation {
 
 StatusBar::StatusBar() : m_draw(isatty(STDERR_FILENO) != 0) {}
 
-void StatusBar::SetText(const std::string& text) { m_text = text; }
+void StatusBar::SetText(const std::string& text) {
+  m_text = text;
+  Changed.Raise();
+}
 
 void StatusBar::Progress(bool inProgress, const std::string& label, int32_t amountCompleted,
                          int32_t total) {
@@ -17,14 +20,16 @@ void StatusBar::Progress(bool inProgress, const std::string& label, int32_t amou
   m_label = inProgress ? label : "";
   m_amount = inProgress ? amountCompleted : 0;
   m_total = inProgress ? total : 0;
-  if (!m_draw) return;
-  if (inProgress) Draw();
-  else if (wasInProgress) std::fputs("\r\033[K", stderr);
+  if (m_draw) {
+    if (inProgress) Draw();
+    else if (wasInProgress) std::fputs("\r\033[K", stderr);
+  }
+  Changed.Raise();
 }
 
 void StatusBar::Clear() {
   m_text.clear();
-  Progress(false);
+  Progress(false);  // raises Changed
 }
 
 void StatusBar::Draw() const {

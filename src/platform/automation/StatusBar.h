@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/core/Event.h"
 #include "platform/core/Ref.h"
 
 namespace platform::automation {
@@ -28,6 +29,9 @@ class StatusBar : public Dispatch {
 
   /// Whether progress lines are drawn; by default when standard error is a terminal.
   void SetDrawProgress(bool draw) { m_draw = draw; }
+
+  /// Raised after the text or the progress changed, for a host that draws the bar.
+  Event<> Changed;
 
  private:
   void Draw() const;
