@@ -260,8 +260,9 @@ void PaneScreen::ClickToolbar(int id) {
   annotra::DocXMLAnalyzer* doc = Document();
   if (!doc || !PaneShown()) return;
   annotra::Quietly([&] {
-    for (annotra::ToolbarButton* b : doc->TbrResults1.tbr.Bars(1).Controls)
-      if (b->Id == id) b->UserClick();
+    for (int bar = 1; bar <= doc->TbrResults1.tbr.BarCount(); ++bar)
+      for (annotra::ToolbarButton* b : doc->TbrResults1.tbr.Bars(bar).Controls)
+        if (b->Id == id) b->UserClick();
   });
 }
 
