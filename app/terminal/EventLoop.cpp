@@ -69,6 +69,7 @@ void EventLoop::Run(const std::function<bool()>& running) {
     }
     if (e.kind != InputEvent::None && e.kind != InputEvent::Resize && !m_layers.empty()) m_layers.back()->Input(e);
     platform::forms::DoEvents();
+    if (m_idle) m_idle();
   }
 }
 

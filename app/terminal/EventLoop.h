@@ -31,6 +31,10 @@ class EventLoop {
   void Pop(Layer* layer);
   bool Empty() const { return m_layers.empty(); }
 
+  /// Something to do on every turn of the loop, after the pending messages (the host
+  /// picks up what was written to its captured output).
+  void SetIdle(std::function<void()> idle) { m_idle = std::move(idle); }
+
   /// Runs until `running` says false or the terminal goes away.
   void Run(const std::function<bool()>& running);
   /// Draws every layer and shows the frame.
@@ -49,6 +53,7 @@ class EventLoop {
  private:
   Terminal& m_t;
   std::function<int64_t()> m_now;
+  std::function<void()> m_idle;
   int64_t m_last;
   InputEvent Next(int timeoutMs);
 

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include "terminal/MemoryTerminal.h"
+#include "terminal/TerminalPageViewer.h"
 #include "testsupport/TempDir.h"
 
 using app::terminal::ExternalEditor;
@@ -38,4 +39,33 @@ TEST(ExternalEditorTest, RunsTheEditorWithTheTerminalGivenBackAndWaitsForIt) {
   EXPECT_EQ(status, -1);
   EXPECT_NE(error.find("could not be started"), std::string::npos);
   EXPECT_FALSE(screen.suspended);
+}
+
+TEST(TerminalPageViewerTest, RunsATextBrowserOnTheTerminalAndWaitsForIt) {
+  testsupport::TempDir dir;
+  auto browser = dir.Write("bin/w3m", "#!/bin/sh\nprintf '%s|' \"$@\" > \"$(dirname \"$0\")/args\"\n");
+  chmod(browser.c_str(), 0755);
+  EXPECT_TRUE(app::terminal::TerminalPageViewer::IsTextBrowser(browser.string()));
+  EXPECT_FALSE(app::terminal::TerminalPageViewer::IsTextBrowser("firefox"));
+  const char* old = std::getenv("BROWSER");
+  std::string saved = old ? old : "";
+  setenv("BROWSER", ("firefox:" + browser.string() + " -o display_image=0").c_str(), 1);
+  // Without a display (as over SSH).
+  const char* display = std::getenv("DISPLAY");
+  std::string savedDisplay = display ? display : "";
+  unsetenv("DISPLAY");
+  const char* wayland = std::getenv("WAYLAND_DISPLAY");
+  std::string savedWayland = wayland ? wayland : "";
+  unsetenv("WAYLAND_DISPLAY");
+  app::terminal::MemoryTerminal screen(20, 5);
+  app::terminal::TerminalPageViewer viewer(screen);
+  EXPECT_TRUE(viewer.Open("/tmp/preview.html"));
+  EXPECT_EQ(testsupport::ReadFile(dir.path() / "bin/args"), "-o|display_image=0|/tmp/preview.html|");
+  EXPECT_FALSE(screen.suspended);
+  setenv("BROWSER", "firefox", 1);
+  EXPECT_FALSE(viewer.Open("/tmp/preview.html"));  // nothing that runs here
+  if (old) setenv("BROWSER", saved.c_str(), 1);
+  else unsetenv("BROWSER");
+  if (display) setenv("DISPLAY", savedDisplay.c_str(), 1);
+  if (wayland) setenv("WAYLAND_DISPLAY", savedWayland.c_str(), 1);
 }
