@@ -79,7 +79,7 @@ void Host::DropResultsDatabase() {
 bool Host::OpenSolution(const std::filesystem::path& path) {
   try {
     auto result = platform::automation::OpenSolution(path);
-    for (const auto& warning : result.warnings) std::fprintf(stderr, "annotra: warning: %s\n", warning.c_str());
+    for (const auto& warning : result.warnings) std::fprintf(stderr, "annotra: warning: %s\n", warning.text.c_str());
     m_dte = result.dte;
     MGlobals::DTEObject = m_dte;
     return true;

@@ -209,7 +209,7 @@ std::vector<ExpectedFinding> Analyse(const std::string& fileName, const std::str
   MGlobals::TeamDB = platform::suite::TeamDatabase::OpenOrCreate(*MGlobals::WorkspaceObject,
                                                                  (dir.path() / "team.db").string());
   auto loaded = platform::automation::OpenSolution(solution);
-  for (const auto& warning : loaded.warnings) problems.push_back("the solution loads with: " + warning);
+  for (const auto& warning : loaded.warnings) problems.push_back("the solution loads with: " + warning.text);
   MGlobals::DTEObject = loaded.dte;
 
   std::vector<ExpectedFinding> rows;
