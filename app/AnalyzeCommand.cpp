@@ -157,8 +157,13 @@ int RunAnalyzeCommand(const AnalyzeRequest& r, std::ostream& out) {
   // 4. The solution, the host's state the flags describe, the databases.
   if (!host.OpenSolution(r.path, r.verbose)) return kCannotLoad;
   if (std::string error = SetHostState(r, checked, host.dte()); !error.empty()) return Usage(error);
+  if (!checked.requiredTags.empty()) {
+    // Checked against the templates before anything is made: on a first run, against a
+    // scratch database of the default templates.
+    if (!host.OpenDatabases(settings.teamDatabase, false)) return kCannotLoad;
+    if (std::string error = CheckRequiredTags(checked); !error.empty()) return Usage(error);
+  }
   if (!host.OpenDatabases(settings.teamDatabase)) return kCannotLoad;
-  if (std::string error = CheckRequiredTags(checked); !error.empty()) return Usage(error);
 
   // 5. The options dialog, played with the flags; "&Begin >>" stores them in the run's
   // store, where the analysis reads them. The documents the walk keeps open are the

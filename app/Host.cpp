@@ -17,6 +17,7 @@
 #include "platform/suite/IniSettingsStore.h"
 #include "platform/suite/ServiceObject.h"
 #include "platform/suite/TeamDatabase.h"
+#include "platform/suite/TempFileNamer.h"
 #include "platform/win32/Keyboard.h"
 
 namespace app {
@@ -55,20 +56,41 @@ void Host::InstallServices() {
 Host::~Host() {
   DropResultsDatabase();
   MGlobals::DTEObject.reset();
-  MGlobals::TeamDB.reset();
-  MGlobals::PersonalDB.reset();
+  CloseDatabases();
 }
 
-bool Host::OpenDatabases(const std::string& teamDatabase) {
-  namespace dao = platform::dao;
-  MGlobals::WorkspaceObject = std::make_shared<dao::Workspace>();
-  const std::string team = teamDatabase.empty() ? platform::suite::TeamDatabase::DefaultPath() : teamDatabase;
-  try {
-    if (teamDatabase.empty()) {
-      MGlobals::TeamDB = platform::suite::TeamDatabase::OpenOrCreate(*MGlobals::WorkspaceObject, team);
-    } else {
-      MGlobals::TeamDB = MGlobals::WorkspaceObject->OpenDatabase(team);
+void Host::CloseDatabases() {
+  for (auto* db : {&MGlobals::TeamDB, &MGlobals::PersonalDB}) {
+    if (*db) {
+      try {
+        (*db)->Close();
+      } catch (const platform::Error&) {
+      }
     }
+    db->reset();
+  }
+  if (!m_scratchTeamDatabase.empty()) {
+    std::error_code ec;
+    std::filesystem::remove(m_scratchTeamDatabase, ec);
+    m_scratchTeamDatabase.clear();
+  }
+}
+
+bool Host::OpenDatabases(const std::string& teamDatabase, bool makeMissing) {
+  namespace dao = platform::dao;
+  CloseDatabases();
+  MGlobals::WorkspaceObject = std::make_shared<dao::Workspace>();
+  std::string team = teamDatabase.empty() ? platform::suite::TeamDatabase::DefaultPath() : teamDatabase;
+  std::error_code ec;
+  if (teamDatabase.empty() && !makeMissing && !std::filesystem::exists(team, ec)) {
+    platform::suite::TempFileNamer namer;
+    namer.MakeTempName("db", "");
+    team = m_scratchTeamDatabase = namer.FullPath();
+  }
+  try {
+    // The per-user one is made when missing; one named by the repository must be there.
+    if (teamDatabase.empty()) MGlobals::TeamDB = platform::suite::TeamDatabase::OpenOrCreate(*MGlobals::WorkspaceObject, team);
+    else MGlobals::TeamDB = MGlobals::WorkspaceObject->OpenDatabase(team);
   } catch (const platform::Error& e) {
     std::fprintf(stderr, "annotra: the team database <%s> cannot be opened: %s\n", team.c_str(), e.description.c_str());
     return false;

@@ -43,8 +43,11 @@ class Host {
   /// ("" for team.db of the suite's data folder, made with the default templates when
   /// missing) and the personal database. False, after a message, when the team database
   /// cannot be opened or made. A team database named by the caller is never made: a
-  /// missing one is an error.
-  bool OpenDatabases(const std::string& teamDatabase = "");
+  /// missing one is an error. With `makeMissing` false, a missing team.db is not made
+  /// either: a scratch one with the default templates stands in for it, in the temporary
+  /// folder, until the next OpenDatabases or the host's end (so a run that is refused
+  /// after reading the templates leaves the data folder as it was).
+  bool OpenDatabases(const std::string& teamDatabase = "", bool makeMissing = true);
 
   /// Closes the temporary results database and deletes its file, as the component's
   /// shutdown does.
@@ -52,7 +55,9 @@ class Host {
 
  private:
   void InstallServices();
+  void CloseDatabases();
   platform::Ref<platform::automation::DTE> m_dte;
+  std::string m_scratchTeamDatabase;
 };
 
 }  // namespace app
