@@ -4,7 +4,7 @@
 # make bench  build optimised and run the benchmarks
 
 PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev \
-            libsqlite3-dev sqlite3 libpugixml-dev libcli11-dev ccache
+            libsqlite3-dev sqlite3 libpugixml-dev libcli11-dev ccache tmux
 JOBS ?= $(shell nproc)
 # ccache makes rebuilds of an unchanged tree (CI on the same machine) quick.
 LAUNCHER := -DCMAKE_CXX_COMPILER_LAUNCHER=ccache

@@ -43,8 +43,7 @@ extern "C" void OnEndingSignal(int signal) {
 sigset_t EndingSignals() {
   sigset_t set;
   sigemptyset(&set);
-  sigaddset(&set, SIGINT);
-  sigaddset(&set, SIGTERM);
+  for (int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) sigaddset(&set, signal);
   return set;
 }
 
@@ -58,7 +57,8 @@ void InstallCleanup() {
   action.sa_handler = OnEndingSignal;
   sigemptyset(&action.sa_mask);
   ::sigaction(SIGINT, &action, &g_keyboardInt);
-  ::sigaction(SIGTERM, &action, nullptr);
+  // A closed terminal and a closed pipe end the program as well.
+  for (int signal : {SIGTERM, SIGHUP, SIGPIPE}) ::sigaction(signal, &action, nullptr);
 }
 
 void SetCleanupFile(const std::string& path) {

@@ -3,7 +3,8 @@
 
 namespace app::signals {
 
-/// Installs, once per process, handlers of SIGTERM and SIGINT that remove the file named
+/// Installs, once per process, handlers of SIGTERM and SIGINT (and of SIGHUP and SIGPIPE,
+/// a closed terminal or pipe) that remove the file named
 /// by SetCleanupFile (the temporary results database) and then end the program as the
 /// signal would have. While a WalkInProgress lives, SIGINT goes instead to the handler
 /// that was there before (the keyboard's, which makes it Ctrl+C for the walk's question).
@@ -25,7 +26,7 @@ class WalkInProgress {
   WalkInProgress& operator=(const WalkInProgress&) = delete;
 };
 
-/// While alive, SIGTERM and SIGINT wait: what is done meanwhile (making a file and
+/// While alive, those signals wait: what is done meanwhile (making a file and
 /// naming it for the handlers) is done whole before they are handled.
 class BlockedSignals {
  public:
