@@ -32,7 +32,10 @@ std::string Quoted(const std::string& text) {
 
 std::string ScopeNames() {
   std::string names;
-  for (const auto& s : scopes::kScopes) names += (names.empty() ? "" : "|") + std::string(s.name);
+  for (const auto& s : scopes::kScopes) {
+    if (!names.empty()) names += "|";
+    names.append(s.name);
+  }
   return names;
 }
 

@@ -78,7 +78,10 @@ bool ParseOutputFormat(const std::string& name, OutputFormat& format) {
 
 std::string OutputFormatNames() {
   std::string names;
-  for (const auto& f : OutputFormats()) names += (names.empty() ? "" : "|") + std::string(f.name);
+  for (const auto& f : OutputFormats()) {
+    if (!names.empty()) names += "|";
+    names.append(f.name);
+  }
   return names;
 }
 

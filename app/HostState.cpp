@@ -136,7 +136,10 @@ std::string CheckRequiredTags(const CheckedFlags& checked) {
     auto kindNode = form.TreeView1.Find("C" + kind);
     if (!kindNode) {
       std::string kinds;
-      for (const auto& root : form.TreeView1.Roots()) kinds += (kinds.empty() ? "" : ", ") + root->Text;
+      for (const auto& root : form.TreeView1.Roots()) {
+        if (!kinds.empty()) kinds += ", ";
+        kinds.append(root->Text);
+      }
       error = "--require " + kind + ":" + tag + ": no enabled template is of the kind \"" + kind +
               "\" (the kinds: " + kinds + ")";
     } else {
@@ -144,7 +147,8 @@ std::string CheckRequiredTags(const CheckedFlags& checked) {
       for (auto node = kindNode->Child(); node; node = node->Next()) {
         // The tree shows "<summary>"; --require takes the name alone.
         std::string name = node->Key.substr(node->Key.find('*') + 1);
-        tags += (tags.empty() ? "" : ", ") + name;
+        if (!tags.empty()) tags += ", ";
+        tags.append(name);
       }
       error = "--require " + kind + ":" + tag + ": the template of " + kind + " has no tag \"" + tag +
               "\" (its tags: " + (tags.empty() ? "none" : tags) + "); `annotra templates` edits the templates";

@@ -48,7 +48,8 @@ Variant ValueOf(const SettingSpec& spec, const std::string& text, const fs::path
         bool isNumber = ParseInteger(text, number);
         for (const auto& [name, value] : spec.names) {
           if (AsciiLower(name) == AsciiLower(text) || (isNumber && number == value)) return Variant(value);
-          accepted += (accepted.empty() ? "" : ", ") + name + " (" + std::to_string(value) + ")";
+          if (!accepted.empty()) accepted += ", ";
+          accepted.append(name).append(" (").append(std::to_string(value)).append(")");
         }
         Fail(file, line, what + ": " + spec.key + " takes one of " + accepted);
       }

@@ -21,8 +21,11 @@ bool SettingsSchema::HasSection(const std::string& section) const {
 std::string SettingsSchema::KeysOf(const std::string& section) const {
   const std::string s = AsciiLower(section);
   std::string out;
-  for (const SettingSpec& spec : keys)
-    if (AsciiLower(spec.section) == s) out += (out.empty() ? "" : ", ") + spec.key;
+  for (const SettingSpec& spec : keys) {
+    if (AsciiLower(spec.section) != s) continue;
+    if (!out.empty()) out += ", ";
+    out.append(spec.key);
+  }
   return out;
 }
 
@@ -35,7 +38,7 @@ std::string SettingsSchema::Sections() const {
     for (const auto& s : seen) known = known || s == lower;
     if (known) continue;
     seen.push_back(lower);
-    out += (out.empty() ? "[" : ", [") + spec.section + "]";
+    out.append(out.empty() ? "[" : ", [").append(spec.section).append("]");
   }
   return out;
 }
