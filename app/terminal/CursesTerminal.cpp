@@ -186,6 +186,11 @@ void CursesTerminal::Flush() {
 }
 
 InputEvent CursesTerminal::Read(int timeoutMs) {
+  if (!m_queued.empty()) {
+    InputEvent e = std::move(m_queued.front());
+    m_queued.pop_front();
+    return e;
+  }
   wtimeout(stdscr, timeoutMs);
   wint_t ch = 0;
   int status = wget_wch(stdscr, &ch);
@@ -234,15 +239,41 @@ InputEvent CursesTerminal::Translate(int status, unsigned ch) {
         if (b & BUTTON_SHIFT) e.shift |= mod::Shift;
         if (b & BUTTON_CTRL) e.shift |= mod::Ctrl;
         if (b & BUTTON_ALT) e.shift |= mod::Alt;
-        if (b & BUTTON1_PRESSED) e.action = InputEvent::Press, e.button = 1;
-        else if (b & BUTTON1_RELEASED) e.action = InputEvent::Release, e.button = 1;
-        else if (b & BUTTON3_PRESSED) e.action = InputEvent::Press, e.button = 2;
-        else if (b & BUTTON3_RELEASED) e.action = InputEvent::Release, e.button = 2;
-        else if (b & BUTTON2_PRESSED) e.action = InputEvent::Press, e.button = 4;
-        else if (b & BUTTON2_RELEASED) e.action = InputEvent::Release, e.button = 4;
-        else if (b & BUTTON4_PRESSED) e.action = InputEvent::WheelUp;
-        else if (b & BUTTON5_PRESSED) e.action = InputEvent::WheelDown;
-        else e.action = InputEvent::Move;
+        // Presses and releases that arrive together come as clicks: each is played as
+        // the presses and releases it stands for.
+        const struct {
+          mmask_t pressed, released, clicked, twice, thrice;
+          int button;
+        } kButtons[] = {
+            {BUTTON1_PRESSED, BUTTON1_RELEASED, BUTTON1_CLICKED, BUTTON1_DOUBLE_CLICKED, BUTTON1_TRIPLE_CLICKED, 1},
+            {BUTTON3_PRESSED, BUTTON3_RELEASED, BUTTON3_CLICKED, BUTTON3_DOUBLE_CLICKED, BUTTON3_TRIPLE_CLICKED, 2},
+            {BUTTON2_PRESSED, BUTTON2_RELEASED, BUTTON2_CLICKED, BUTTON2_DOUBLE_CLICKED, BUTTON2_TRIPLE_CLICKED, 4},
+        };
+        e.action = InputEvent::Move;
+        for (const auto& k : kButtons) {
+          int clicks = (b & k.thrice) ? 3 : (b & k.twice) ? 2 : (b & k.clicked) ? 1 : 0;
+          if (clicks > 0) {
+            e.action = InputEvent::Press;
+            e.button = k.button;
+            InputEvent release = e;
+            release.action = InputEvent::Release;
+            m_queued.push_back(release);
+            for (int i = 1; i < clicks; ++i) m_queued.push_back(e), m_queued.push_back(release);
+            break;
+          }
+          if (b & k.pressed) {
+            e.action = InputEvent::Press, e.button = k.button;
+            break;
+          }
+          if (b & k.released) {
+            e.action = InputEvent::Release, e.button = k.button;
+            break;
+          }
+        }
+        if (e.action == InputEvent::Move) {
+          if (b & BUTTON4_PRESSED) e.action = InputEvent::WheelUp;
+          else if (b & BUTTON5_PRESSED) e.action = InputEvent::WheelDown;
+        }
         return e;
       }
       case KEY_UP: e.key = key::Up; return e;

@@ -1,4 +1,5 @@
 #pragma once
+#include <deque>
 #include <memory>
 #include <string>
 
@@ -42,6 +43,7 @@ class CursesTerminal : public Terminal {
   InputEvent Translate(int status, unsigned key);
 
   std::unique_ptr<Impl> m_impl;
+  std::deque<InputEvent> m_queued;  // the rest of what one report stood for
   int m_fd = -1;
   bool m_unicode = false;
   bool m_colors = false;
