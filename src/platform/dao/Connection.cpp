@@ -110,6 +110,7 @@ sqlite3* Connection::handle() const {
 }
 
 void Connection::Exec(const std::string& sql) {
+  Reclaim();
   char* message = nullptr;
   int rc = sqlite3_exec(handle(), sql.c_str(), nullptr, nullptr, &message);
   sqlite3_free(message);
@@ -160,7 +161,23 @@ void Connection::FavourSpeed() {
   FlushImplicit();
   Exec("PRAGMA synchronous=OFF");
   Exec("PRAGMA journal_mode=MEMORY");
+  Exec("PRAGMA cache_size=-" + std::to_string(kScratchCacheKiB));
+  Exec("PRAGMA locking_mode=EXCLUSIVE");
   m_fast = true;
+}
+
+void Connection::YieldLock() {
+  if (!m_fast || !m_db || m_yielded) return;
+  // SQLite drops an exclusive lock at the first access after the mode is back to normal.
+  sqlite3_exec(m_db, "PRAGMA locking_mode=NORMAL; SELECT count(*) FROM sqlite_schema", nullptr, nullptr, nullptr);
+  m_yielded = true;
+}
+
+void Connection::ReclaimLock() {
+  m_yielded = false;
+  if (!m_db) return;
+  // The lock itself is taken by the next statement that reads or writes and then kept.
+  sqlite3_exec(m_db, "PRAGMA locking_mode=EXCLUSIVE", nullptr, nullptr, nullptr);
 }
 
 void Connection::Close() {
@@ -189,6 +206,7 @@ void Connection::FlushFile(const std::string& path) {
     } catch (const Error&) {
       // The writer that asked will meet the lock and report it.
     }
+    connection->YieldLock();
   }
 }
 
