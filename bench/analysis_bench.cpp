@@ -139,33 +139,39 @@ void TearDownHost() {
   MGlobals::ForgetXMLAnalyzerDbForTesting();
 }
 
-// A field as the tab-separated format writes it.
-void WriteField(std::ostream& out, const std::string& text) {
+// A field as the tab-separated format writes it, appended to `out`.
+void AppendField(std::string& out, const std::string& text) {
   for (char c : text) {
-    if (c == '\t') out << "\\t";
-    else if (c == '\n') out << "\\n";
-    else if (c == '\\') out << "\\\\";
-    else out << c;
+    if (c == '\t') out += "\\t";
+    else if (c == '\n') out += "\\n";
+    else if (c == '\\') out += "\\\\";
+    else out += c;
   }
 }
 
 // Reads every row of "XMLAnalyzer1" through the database layer and writes it to `out`,
-// one line a row; returns the number of rows.
+// one line a row, in blocks of 64 KiB; returns the number of rows.
 int64_t WriteRows(std::ostream& out) {
   static const char* const kColumns[] = {"ID", "Flag", "Project", "Document", "Type", "Path",
                                          "Member", "Start", "End", "Status", "Problem"};
   auto rs = MGlobals::XMLAnalyzerDb()->OpenRecordset("XMLAnalyzer1", platform::dao::dbOpenDynaset);
   int64_t rows = 0;
+  std::string block;
   if (rs->RecordCount() > 0) rs->MoveFirst();
   while (!rs->Eof()) {
     for (int c = 0; c < 11; ++c) {
-      if (c) out << '\t';
-      WriteField(out, platform::ToString(rs->Fields(kColumns[c])->Value()));
+      if (c) block += '\t';
+      AppendField(block, platform::ToString(rs->Fields(kColumns[c])->Value()));
     }
-    out << '\n';
+    block += '\n';
+    if (block.size() >= 65536) {
+      out.write(block.data(), static_cast<std::streamsize>(block.size()));
+      block.clear();
+    }
     ++rows;
     rs->MoveNext();
   }
+  out.write(block.data(), static_cast<std::streamsize>(block.size()));
   rs->Close();
   return rows;
 }

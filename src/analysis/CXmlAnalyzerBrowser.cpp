@@ -287,6 +287,10 @@ void CXmlAnalyzerBrowser::SearchItem(const Ref<ProjectItem>& item) {
     return;
   }
   if (!item) return;
+  // The item's code model is held while the item is searched: the language test and the
+  // walk below then share one reading and parse of the file instead of one each.
+  Ref<FileCodeModel> held;
+  Quietly([&] { held = item->FileCodeModel(); });
   std::string language = MGlobals::GetItemLanguage(item);
   if (!IsCodeLanguage(language)) {
     step(3, [&] { m_oStatus->IncrementStatus(1, "Searching"); });

@@ -87,7 +87,8 @@ class Evaluator {
   // `platform` and `targetFramework` ("" for none) are made global besides the options'.
   Evaluator(const fs::path& projectFile, const MSBuildOptions& options, const std::string& targetFramework,
             const std::string& platform)
-      : m_projectFile(NormalizedAbsolute(projectFile)), m_options(options) {
+      : m_projectFile(NormalizedAbsolute(projectFile)), m_options(options),
+        m_probe(options.probe ? options.probe : &m_ownProbe) {
     m_projectDir = m_projectFile.parent_path();
     for (auto& [name, value] : options.globalProperties) m_props.SetGlobal(name, value);
     if (!targetFramework.empty()) m_props.SetGlobal("TargetFramework", targetFramework);
@@ -159,9 +160,8 @@ class Evaluator {
   }
 
   std::optional<fs::path> FindAbove(const char* name) const {
-    std::error_code ec;
     for (fs::path dir = m_projectDir;; dir = dir.parent_path()) {
-      if (fs::is_regular_file(dir / name, ec)) return dir / name;
+      if (m_probe->IsFile(dir / name)) return dir / name;
       if (dir == dir.parent_path()) return std::nullopt;
     }
   }
@@ -204,6 +204,7 @@ class Evaluator {
     scope.properties = &m_props;
     scope.directory = file.path.parent_path();
     scope.items = [this](std::string_view type) { return ItemList(type); };
+    scope.probe = m_probe;
     return scope;
   }
 
@@ -251,16 +252,15 @@ class Evaluator {
       if (pattern.Empty()) continue;
       std::vector<fs::path> targets;
       if (pattern.HasWildcards()) {
-        targets = pattern.Expand({});
+        targets = pattern.Expand({}, m_probe);
       } else {
         std::string s = spec;
         std::replace(s.begin(), s.end(), '\\', '/');
         fs::path p(s);
         if (p.is_relative()) p = file.path.parent_path() / p;
-        std::error_code ec;
         // A missing import is skipped quietly: projects import the build tools' own
         // files, which do not exist here.
-        if (fs::is_regular_file(p, ec)) targets.push_back(p);
+        if (m_probe->IsFile(p)) targets.push_back(p);
       }
       for (auto& target : targets) {
         ImportFile(target, depth + 1);
@@ -441,14 +441,14 @@ class Evaluator {
       if (pattern.Empty()) continue;
       std::vector<std::pair<fs::path, std::string>> found;  // full path, include as written
       if (pattern.HasWildcards()) {
-        for (auto& p : pattern.Expand(excludes)) found.emplace_back(p, "");
+        for (auto& p : pattern.Expand(excludes, m_probe)) found.emplace_back(p, "");
       } else {
         fs::path p = pattern.LiteralPath();
         // The pattern is lower case; keep the spelling the project wrote.
         std::string s = spec;
         std::replace(s.begin(), s.end(), '\\', '/');
         fs::path written(s);
-        p = m_caseResolver.Resolve(NormalizedAbsolute(written.is_relative() ? m_projectDir / written : written));
+        p = m_caseResolver.Resolve(NormalizedAbsolute(written.is_relative() ? m_projectDir / written : written), m_probe);
         if (excluded(p)) continue;
         found.emplace_back(p, s);
       }
@@ -468,6 +468,8 @@ class Evaluator {
   fs::path m_projectFile;
   fs::path m_projectDir;
   const MSBuildOptions& m_options;
+  PathProbe m_ownProbe;
+  PathProbe* m_probe;
   MSBuildProperties m_props;
   bool m_sdkStyle = false;
   std::deque<SourceFile> m_files;

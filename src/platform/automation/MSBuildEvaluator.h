@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/automation/MSBuildProperties.h"
+#include "platform/automation/PathProbe.h"
 
 namespace platform::automation {
 
@@ -43,6 +44,9 @@ struct MSBuildOptions {
   /// The solution the project was loaded from; "" for none. Gives SolutionDir and the
   /// other solution properties the environment defines.
   std::filesystem::path solutionPath;
+  /// The probe of the load the project is part of, so that the projects of a solution
+  /// share what is known about their folders; none gives the evaluation one of its own.
+  PathProbe* probe = nullptr;
 };
 
 /// Evaluates the project file `projectFile` as the build system would for a design-time

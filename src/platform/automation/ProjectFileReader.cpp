@@ -33,12 +33,13 @@ std::string NameFor(const fs::path& projectFile, const ProjectFileOptions& optio
   return options.name.empty() ? projectFile.stem().string() : options.name;
 }
 
-MSBuildOptions EvaluationOptions(const std::string& language, const fs::path& solutionPath) {
+MSBuildOptions EvaluationOptions(const std::string& language, const fs::path& solutionPath, PathProbe* probe) {
   MSBuildOptions o;
   o.globalProperties = {{"Configuration", "Debug"}};
   o.defaultPlatform = "AnyCPU";
   o.sourceExtension = language == "VB" ? ".vb" : ".cs";
   o.solutionPath = solutionPath;
+  o.probe = probe;
   return o;
 }
 
@@ -93,7 +94,9 @@ Ref<Project> ReadProjectFile(const fs::path& projectFile, const ProjectFileOptio
   const std::string language = ProjectFileLanguage(file);
   if (language.empty())
     throw Error(err::kInvalidCall, QuotedPath(file) + " is not a C# or Visual Basic project file");
-  MSBuildProject evaluated = EvaluateMSBuildProject(file, EvaluationOptions(language, options.solutionPath));
+  PathProbe ownProbe;
+  PathProbe* probe = options.probe ? options.probe : &ownProbe;
+  MSBuildProject evaluated = EvaluateMSBuildProject(file, EvaluationOptions(language, options.solutionPath, probe));
   for (auto& w : evaluated.warnings) warnings.push_back("project '" + NameFor(file, options) + "': " + w);
 
   std::string kind = IsLanguageKind(options.kind) ? options.kind : KindFor(language, evaluated.sdkStyle);
@@ -117,7 +120,7 @@ Ref<Project> ReadProjectFile(const fs::path& projectFile, const ProjectFileOptio
     entry.dependentUpon = item.Metadata("DependentUpon");
     entries.push_back(std::move(entry));
   }
-  BuildProjectItems(project, entries, false, warnings);
+  BuildProjectItems(project, entries, false, warnings, probe);
   return project;
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/automation/PathProbe.h"
 #include "platform/core/Ref.h"
 
 namespace platform::automation {
@@ -25,6 +26,8 @@ struct ProjectFileOptions {
   /// The solution it belongs to ("" for none); gives the solution properties.
   std::filesystem::path solutionPath;
   std::weak_ptr<DTE> dte;
+  /// The probe of the load; none gives the project one of its own.
+  PathProbe* probe = nullptr;
 };
 
 /// Reads the C# or VB project file `projectFile` into a Project: evaluated as

@@ -38,8 +38,7 @@ class TreeBuilder {
  public:
   TreeBuilder(const Ref<Project>& project, bool web) : m_project(project), m_web(web) {
     m_projectDir = NormalizedAbsolute(project->fullName()).parent_path();
-    std::error_code ec;
-    if (std::filesystem::is_directory(project->fullName(), ec)) m_projectDir = NormalizedAbsolute(project->fullName());
+    if (project->FullNameIsFolder()) m_projectDir = NormalizedAbsolute(project->fullName());
   }
 
   void Add(const ProjectEntry& entry) {
@@ -112,11 +111,10 @@ class TreeBuilder {
     }
   }
 
-  void WarnMissing(std::vector<std::string>& warnings) const {
-    std::error_code ec;
+  void WarnMissing(std::vector<std::string>& warnings, PathProbe* probe) const {
     for (auto& n : m_nodes) {
       if (n.item->Kind() != vsProjectItemKindPhysicalFile) continue;
-      if (!std::filesystem::exists(n.item->path(), ec))
+      if (KindOfPath(probe, n.item->path()) == PathProbe::Kind::Missing)
         warnings.push_back("project '" + m_project->Name() + "': file '" + n.item->path().string() +
                            "' does not exist");
     }
@@ -177,12 +175,12 @@ std::string NormalizeDisplayPath(const std::string& path) {
 }
 
 void BuildProjectItems(const Ref<Project>& project, const std::vector<ProjectEntry>& entries, bool webItems,
-                       std::vector<std::string>& warnings) {
+                       std::vector<std::string>& warnings, PathProbe* probe) {
   TreeBuilder builder(project, webItems);
   for (auto& entry : entries) builder.Add(entry);
   builder.ResolveDependencies();
   builder.Attach();
-  builder.WarnMissing(warnings);
+  builder.WarnMissing(warnings, probe);
   project->ProjectItems()->SortByName();
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/automation/PathProbe.h"
 #include "platform/core/Ref.h"
 
 namespace platform::automation {
@@ -29,8 +30,9 @@ struct ProjectEntry {
 /// letter case) keeps its first entry. Items are then ordered by name. Every file entry
 /// whose file does not exist stays and adds a warning naming the file. `webItems` marks
 /// the items as a web site's. Linear in the number of entries, apart from the sort.
+/// `probe`, if any, answers whether the files exist.
 void BuildProjectItems(const Ref<Project>& project, const std::vector<ProjectEntry>& entries, bool webItems,
-                       std::vector<std::string>& warnings);
+                       std::vector<std::string>& warnings, PathProbe* probe = nullptr);
 
 /// `path` with '\' made '/', "." dropped, ".." resolved, and no leading, trailing or
 /// doubled '/'; "" when nothing is left or ".." climbs above the start.

@@ -18,6 +18,8 @@ namespace platform::dao {
 /// checked before it is used. Shared by the Database that opened it and the recordsets
 /// made from it; closing it finalizes every statement, so later use fails with 3420.
 ///
+/// A connection and what is made from it belong to one thread at a time.
+///
 /// Recordsets write inside an implicit transaction that is committed at the latest
 /// 50 ms after it began, and whenever any other operation needs the file (the way the
 /// engine behind DAO batches its writes), so appending rows one by one costs about as

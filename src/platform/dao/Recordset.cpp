@@ -183,7 +183,13 @@ void Recordset::LoadCurrent() {
   if (m_nowhere || m_position < 0 || m_position >= static_cast<int64_t>(m_keys.size()))
     throw Error(err::kNoCurrentRecord);
   if (m_currentLoaded) return;
-  m_select->Reset();
+  // The statement is reset after every use (a failed step resets it too), so it is ready.
+  // Reset at once after the read: a statement left in the middle of a read would keep
+  // the file locked.
+  struct ResetAfter {
+    Statement& statement;
+    ~ResetAfter() { statement.Reset(); }
+  } resetAfter{*m_select};
   m_select->BindInt64(1, m_keys[static_cast<size_t>(m_position)]);
   bool found = m_select->Step();
   if (found)
@@ -194,8 +200,6 @@ void Recordset::LoadCurrent() {
         value = Variant(ToDouble(value) != 0);
       m_current[i] = std::move(value);
     }
-  // Reset at once: a statement left in the middle of a read would keep the file locked.
-  m_select->Reset();
   if (!found) throw Error(err::kRecordDeleted);
   m_currentLoaded = true;
 }
