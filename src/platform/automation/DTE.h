@@ -9,6 +9,7 @@
 namespace platform::automation {
 
 class Document;
+class DocumentReadAhead;
 class Project;
 class Solution;
 class StatusBar;
@@ -57,6 +58,10 @@ class DTE : public Dispatch, public std::enable_shared_from_this<DTE> {
     m_selectedProjects = std::move(projects);
   }
   void AddToolWindow(Ref<Window> window) { m_toolWindows.push_back(std::move(window)); }
+  /// The read-ahead documents are loaded through while a walk runs (none: every document
+  /// is read when it is opened). Set by the walk for its duration.
+  void SetReadAhead(std::shared_ptr<DocumentReadAhead> readAhead) { m_readAhead = std::move(readAhead); }
+  const std::shared_ptr<DocumentReadAhead>& ReadAhead() const { return m_readAhead; }
 
   // --- For documents ---------------------------------------------------------------------
   void DocumentOpened(const Ref<Document>& document);
@@ -70,6 +75,7 @@ class DTE : public Dispatch, public std::enable_shared_from_this<DTE> {
   std::vector<Ref<Project>> m_selectedProjects;
   std::vector<Ref<Window>> m_toolWindows;
   Ref<automation::StatusBar> m_statusBar;
+  std::shared_ptr<DocumentReadAhead> m_readAhead;
 };
 
 }  // namespace platform::automation

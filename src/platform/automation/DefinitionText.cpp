@@ -25,11 +25,11 @@ std::string QuotedPath(const std::filesystem::path& path) {
 }
 
 std::string DecodeKnownText(std::string_view bytes, const std::filesystem::path& path) {
-  return DecodeKnownText(std::string(bytes), path);
+  return DecodeKnownOwnedText(std::string(bytes), path);
 }
 
-std::string DecodeKnownText(std::string&& bytes, const std::filesystem::path& path) {
-  std::string text = DecodeText(std::move(bytes));
+std::string DecodeKnownOwnedText(std::string&& bytes, const std::filesystem::path& path) {
+  std::string text = DecodeOwnedText(std::move(bytes));
   if (text.find('\0') != std::string::npos)
     throw Error(err::kInvalidCall, QuotedPath(path) +
                                        " is in an unknown encoding: it holds NUL characters "
@@ -78,7 +78,7 @@ std::string ReadDefinitionText(const std::filesystem::path& path) {
   }
   if (got > kMaxSize) throw Error(err::kPathFileAccess, QuotedPath(path) + " is too large to load");
   bytes.resize(got);
-  return DecodeKnownText(std::move(bytes), path);
+  return DecodeKnownOwnedText(std::move(bytes), path);
 }
 
 std::unique_ptr<pugi::xml_document> ParseDefinitionXml(const std::string& text,

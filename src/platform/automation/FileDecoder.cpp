@@ -113,7 +113,7 @@ std::string DecodeText(std::string_view b) {
   return DecodeCp1252(b);
 }
 
-std::string DecodeText(std::string&& b) {
+std::string DecodeOwnedText(std::string&& b) {
   if (b.size() >= 3 && std::string_view(b).substr(0, 3) == "\xEF\xBB\xBF") {
     b.erase(0, 3);
     return std::move(b);

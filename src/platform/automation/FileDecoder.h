@@ -11,7 +11,7 @@ namespace platform::automation {
 std::string DecodeText(std::string_view bytes);
 /// The same, reusing the storage of `bytes` when they are UTF-8 already (with or
 /// without a byte-order mark): no copy of a large file.
-std::string DecodeText(std::string&& bytes);
+std::string DecodeOwnedText(std::string&& bytes);
 
 /// The decoded text of the file at `path`. Fails with platform::Error 53 when the file
 /// does not exist and 75 when it cannot be read.

@@ -43,6 +43,30 @@ constexpr const char* kSdkProps = R"xml(<Project>
   </ItemGroup>
 </Project>)xml";
 
+// How the build finds and imports Directory.Build.props and Directory.Build.targets, as
+// its common props and targets do it: through properties a project or an imported file
+// can read and set (a Directory.Build.props that imports its parent combines
+// '..' with $(_DirectoryBuildPropsFile)).
+constexpr const char* kDirectoryBuildProps = R"xml(<Project>
+  <PropertyGroup>
+    <ImportDirectoryBuildProps Condition="'$(ImportDirectoryBuildProps)' == ''">true</ImportDirectoryBuildProps>
+    <_DirectoryBuildPropsFile Condition="'$(_DirectoryBuildPropsFile)' == ''">Directory.Build.props</_DirectoryBuildPropsFile>
+    <_DirectoryBuildPropsBasePath Condition="'$(_DirectoryBuildPropsBasePath)' == ''">$([MSBuild]::GetDirectoryNameOfFileAbove('$(MSBuildProjectDirectory)', '$(_DirectoryBuildPropsFile)'))</_DirectoryBuildPropsBasePath>
+    <DirectoryBuildPropsPath Condition="'$(_DirectoryBuildPropsBasePath)' != '' and '$(_DirectoryBuildPropsFile)' != ''">$([System.IO.Path]::Combine('$(_DirectoryBuildPropsBasePath)', '$(_DirectoryBuildPropsFile)'))</DirectoryBuildPropsPath>
+  </PropertyGroup>
+  <Import Project="$(DirectoryBuildPropsPath)" Condition="'$(ImportDirectoryBuildProps)' == 'true' and Exists('$(DirectoryBuildPropsPath)')" />
+</Project>)xml";
+
+constexpr const char* kDirectoryBuildTargets = R"xml(<Project>
+  <PropertyGroup>
+    <ImportDirectoryBuildTargets Condition="'$(ImportDirectoryBuildTargets)' == ''">true</ImportDirectoryBuildTargets>
+    <_DirectoryBuildTargetsFile Condition="'$(_DirectoryBuildTargetsFile)' == ''">Directory.Build.targets</_DirectoryBuildTargetsFile>
+    <_DirectoryBuildTargetsBasePath Condition="'$(_DirectoryBuildTargetsBasePath)' == ''">$([MSBuild]::GetDirectoryNameOfFileAbove('$(MSBuildProjectDirectory)', '$(_DirectoryBuildTargetsFile)'))</_DirectoryBuildTargetsBasePath>
+    <DirectoryBuildTargetsPath Condition="'$(_DirectoryBuildTargetsBasePath)' != '' and '$(_DirectoryBuildTargetsFile)' != ''">$([System.IO.Path]::Combine('$(_DirectoryBuildTargetsBasePath)', '$(_DirectoryBuildTargetsFile)'))</DirectoryBuildTargetsPath>
+  </PropertyGroup>
+  <Import Project="$(DirectoryBuildTargetsPath)" Condition="'$(ImportDirectoryBuildTargets)' == 'true' and Exists('$(DirectoryBuildTargetsPath)')" />
+</Project>)xml";
+
 // What the SDK's targets infer from the target framework before Directory.Build.targets
 // is imported, so that conditions there can test it.
 constexpr const char* kSdkTargets = R"xml(<Project>
@@ -113,12 +137,12 @@ class Evaluator {
     SetReservedProperties();
     m_imported.insert(LowerAscii(m_projectFile.string()));
 
-    if (auto props = FindAbove("Directory.Build.props")) ImportFile(*props, 1);
+    EvaluateSynthetic(kDirectoryBuildProps);
     if (m_sdkStyle) EvaluateSynthetic(kSdkProps);
     SetThisFile(project);
     ProcessChildren(project, root, 0, 0);
     if (m_sdkStyle) EvaluateSynthetic(kSdkTargets);
-    if (auto targets = FindAbove("Directory.Build.targets")) ImportFile(*targets, 1);
+    EvaluateSynthetic(kDirectoryBuildTargets);
   }
 
   void ItemPass() {
@@ -159,13 +183,6 @@ class Evaluator {
     return m_files.back();
   }
 
-  std::optional<fs::path> FindAbove(const char* name) const {
-    for (fs::path dir = m_projectDir;; dir = dir.parent_path()) {
-      if (m_probe->IsFile(dir / name)) return dir / name;
-      if (dir == dir.parent_path()) return std::nullopt;
-    }
-  }
-
   void SetReservedProperties() {
     auto set = [&](const char* name, const std::string& value) {
       if (!m_props.IsGlobal(name)) m_props.Set(name, value);
@@ -178,6 +195,7 @@ class Evaluator {
     set("MSBuildProjectDirectoryNoRoot", m_projectDir.relative_path().string());
     set("MSBuildToolsVersion", "Current");
     set("MSBuildRuntimeType", "Core");
+    if (m_sdkStyle) set("UsingMicrosoftNETSdk", "true");
     // The projects were written for the environment on Windows; evaluate them as there.
     set("OS", "Windows_NT");
     set("DefaultLanguageSourceExtension", m_options.sourceExtension);
@@ -194,6 +212,7 @@ class Evaluator {
   void SetThisFile(const SourceFile& file) {
     m_props.Set("MSBuildThisFileFullPath", file.path.string());
     m_props.Set("MSBuildThisFileDirectory", file.path.parent_path().string() + "/");
+    m_props.Set("MSBuildThisFileDirectoryNoRoot", file.path.parent_path().relative_path().string() + "/");
     m_props.Set("MSBuildThisFile", file.path.filename().string());
     m_props.Set("MSBuildThisFileName", file.path.stem().string());
     m_props.Set("MSBuildThisFileExtension", file.path.extension().string());

@@ -51,7 +51,9 @@ struct MSBuildOptions {
 
 /// Evaluates the project file `projectFile` as the build system would for a design-time
 /// build: the nearest Directory.Build.props above it, the project, then the nearest
-/// Directory.Build.targets, following Import (relative paths, wildcards, property
+/// Directory.Build.targets (found and imported through the properties the build defines
+/// for them: _DirectoryBuildPropsFile, DirectoryBuildPropsPath, ImportDirectoryBuildProps
+/// and the same for targets), following Import (relative paths, wildcards, property
 /// functions), ImportGroup, Choose/When/Otherwise and every Condition; properties first
 /// in file order, then items (Include/Exclude/Remove/Update, wildcards, metadata as
 /// attributes or elements). SDK-style projects get the SDK's defaults: the compile items

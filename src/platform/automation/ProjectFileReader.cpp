@@ -118,6 +118,7 @@ Ref<Project> ReadProjectFile(const fs::path& projectFile, const ProjectFileOptio
     entry.folder = type == "folder";
     entry.displayPath = DisplayPathOf(item, projectDir);
     entry.dependentUpon = item.Metadata("DependentUpon");
+    entry.compiled = type == "compile";
     entries.push_back(std::move(entry));
   }
   BuildProjectItems(project, entries, false, warnings, probe);

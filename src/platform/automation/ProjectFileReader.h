@@ -36,7 +36,7 @@ struct ProjectFileOptions {
 /// name none, so that their Debug configuration is the one read); its Compile, None, Content, EmbeddedResource, Page, ApplicationDefinition,
 /// Resource and Folder items become ProjectItems (Link names where a file is shown; a
 /// file outside the project folder without one is shown at the top; DependentUpon nests
-/// it), and its symbols are set for the language (CSharpSymbols or VbSymbols, with the
+/// it; only Compile items have a code model), and its symbols are set for the language (CSharpSymbols or VbSymbols, with the
 /// first target framework's symbols for SDK-style projects unless
 /// DisableImplicitFrameworkDefines is true). Warnings (missing files, imports that
 /// cannot be read) are added to `warnings`. Fails with platform::Error when the file

@@ -49,10 +49,14 @@ class TreeBuilder {
       return;
     }
     std::string key = LowerAscii(display);
-    if (m_files.count(key)) return;
+    if (auto known = m_files.find(key); known != m_files.end()) {
+      if (entry.compiled) m_nodes[known->second].item->SetCompiled(true);
+      return;
+    }
     Node node;
     node.folder = EnsureFolder(DirOf(display), {});
     node.item = std::make_shared<ProjectItem>(NameOf(display), vsProjectItemKindPhysicalFile, entry.fullPath);
+    node.item->SetCompiled(entry.compiled);
     node.dependentUpon = entry.dependentUpon;
     node.displayPath = display;
     m_files.emplace(key, m_nodes.size());
