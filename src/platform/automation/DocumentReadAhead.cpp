@@ -4,12 +4,13 @@
 #include "platform/automation/DefinitionText.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItem.h"
+#include "platform/codemodel/CodeModelConstants.h"
 #include "platform/codemodel/LanguageParser.h"
 
 namespace platform::automation {
 
 std::unique_ptr<PreparedDocument> PreparedDocument::Prepare(const std::filesystem::path& path,
-                                                            const std::string& language,
+                                                            std::string_view language,
                                                             const codemodel::PreprocessorSymbols& symbols) {
   auto prepared = std::make_unique<PreparedDocument>();
   prepared->path = path;
@@ -19,7 +20,7 @@ std::unique_ptr<PreparedDocument> PreparedDocument::Prepare(const std::filesyste
     prepared->error = e;
     return prepared;
   }
-  if (const auto* parser = codemodel::ParserForLanguage(language)) {
+  if (const auto* parser = codemodel::ParserForLanguage(std::string(language))) {
     prepared->declarations.emplace(prepared->text.Text());
     parser->Parse(*prepared->declarations, symbols);
   }
@@ -40,7 +41,11 @@ DocumentReadAhead::~DocumentReadAhead() {
 
 void DocumentReadAhead::Plan(const Ref<ProjectItem>& item) {
   if (!item || item->Kind() != vsProjectItemKindPhysicalFile) return;
-  std::string language = codemodel::LanguageOfFile(item->Name());
+  // The language as one of the code model's own constants, which outlive the plan.
+  std::string_view language;
+  std::string ofFile = codemodel::LanguageOfFile(item->Name());
+  if (ofFile == codemodel::vsCMLanguageCSharp) language = codemodel::vsCMLanguageCSharp;
+  else if (ofFile == codemodel::vsCMLanguageVB) language = codemodel::vsCMLanguageVB;
   if (language.empty() || !item->Compiled()) return;
   auto project = item->ContainingProject();
   if (project.get() != m_symbolsOwner || !m_symbols) {
@@ -48,7 +53,7 @@ void DocumentReadAhead::Plan(const Ref<ProjectItem>& item) {
     m_symbols = std::make_shared<const codemodel::PreprocessorSymbols>(
         project ? project->symbols() : codemodel::PreprocessorSymbols{});
   }
-  Job job{item.get(), item->path(), std::move(language), m_symbols};
+  Job job{item->path(), language, m_symbols};
   {
     std::lock_guard<std::mutex> lock(m_mutex);
     if (!m_index.emplace(item.get(), m_plan.size()).second) return;

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <unordered_map>
 #include <vector>
@@ -36,7 +37,7 @@ struct PreparedDocument {
   /// Reads `path` as Document::Load does and parses it as `language` with `symbols`.
   /// Never throws for a file that cannot be read: the error is kept instead.
   static std::unique_ptr<PreparedDocument> Prepare(const std::filesystem::path& path,
-                                                   const std::string& language,
+                                                   std::string_view language,
                                                    const codemodel::PreprocessorSymbols& symbols);
 };
 
@@ -79,9 +80,8 @@ class DocumentReadAhead {
 
  private:
   struct Job {
-    const ProjectItem* item;
     std::filesystem::path path;
-    std::string language;
+    std::string_view language;  // one of the code-model language identifiers
     std::shared_ptr<const codemodel::PreprocessorSymbols> symbols;
   };
   static constexpr size_t kNone = static_cast<size_t>(-1);

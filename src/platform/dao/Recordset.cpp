@@ -164,7 +164,12 @@ void Recordset::Update() {
       ++n;
     }
     if (n > 0) {
-      Statement update(*m_connection, sql + " WHERE rowid=?" + std::to_string(m_fieldList.size() + 1));
+      // Kept by the connection: a grid that marks row after row reuses it.
+      Statement& update = m_connection->Cached(sql + " WHERE rowid=?" + std::to_string(m_fieldList.size() + 1));
+      struct ResetAfter {
+        Statement& statement;
+        ~ResetAfter() { statement.Reset(); }
+      } resetAfter{update};
       for (size_t i = 0; i < m_fieldList.size(); ++i)
         if (m_dirty[i]) update.Bind(static_cast<int>(i) + 1, m_edit[i]);
       update.BindInt64(static_cast<int>(m_fieldList.size()) + 1, m_keys[static_cast<size_t>(m_position)]);
