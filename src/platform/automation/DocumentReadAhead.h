@@ -56,7 +56,7 @@ struct PreparedDocument {
 /// (after the document in hand) and drops what it prepared.
 class DocumentReadAhead {
  public:
-  static constexpr size_t kDefaultAhead = 4;
+  static constexpr size_t kDefaultAhead = 8;
 
   explicit DocumentReadAhead(size_t ahead = kDefaultAhead);
   ~DocumentReadAhead();

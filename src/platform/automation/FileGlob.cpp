@@ -122,6 +122,10 @@ bool PathPattern::Matches(const std::filesystem::path& path) const {
   return MatchSegments(m_segments, m_segments.size(), LowerSegments(path));
 }
 
+bool PathPattern::MatchesSegments(const std::vector<std::string>& lowerSegments) const {
+  return !m_empty && MatchSegments(m_segments, m_segments.size(), lowerSegments);
+}
+
 bool PathPattern::MatchesEverythingBelow(const std::filesystem::path& folder) const {
   if (m_empty || m_segments.size() < 2 || m_segments.back() != "**") return false;
   return MatchSegments(m_segments, m_segments.size() - 1, LowerSegments(folder));
@@ -168,9 +172,11 @@ std::vector<std::filesystem::path> PathPattern::Expand(const std::vector<PathPat
   namespace fs = std::filesystem;
   std::vector<fs::path> out;
   if (m_empty || !HasWildcards()) return out;
-  auto excluded = [&](const fs::path& p) {
+  // Each file's path is split once and matched against the pattern and every exclude.
+  std::vector<std::string> segments;
+  auto excluded = [&]() {
     return std::any_of(excludes.begin(), excludes.end(),
-                       [&](const PathPattern& e) { return e.Matches(p); });
+                       [&](const PathPattern& e) { return e.MatchesSegments(segments); });
   };
   // The segments before the first wildcard name the folder to walk. They are lower
   // case here, so find the folder as the disk spells it.
@@ -214,7 +220,8 @@ std::vector<std::filesystem::path> PathPattern::Expand(const std::vector<PathPat
     }
     if (!entry.is_regular_file(e2)) continue;
     if (probe && !entry.is_symlink(e2)) probe->Learn(entry.path(), PathProbe::Kind::File);
-    if (Matches(entry.path()) && !excluded(entry.path())) out.push_back(entry.path());
+    segments = LowerSegments(entry.path());
+    if (MatchesSegments(segments) && !excluded()) out.push_back(entry.path());
   }
   std::sort(out.begin(), out.end());
   return out;

@@ -22,6 +22,9 @@ class PathPattern {
 
   /// Whether the absolute, normalized `path` matches the whole pattern.
   bool Matches(const std::filesystem::path& path) const;
+  /// The same for a path already split into its ASCII lower-case segments (no root), so
+  /// that one path is split once for many patterns.
+  bool MatchesSegments(const std::vector<std::string>& lowerSegments) const;
   /// Whether the pattern ends in "/**" and the part before it matches the folder
   /// `folder`, so that everything below the folder matches.
   bool MatchesEverythingBelow(const std::filesystem::path& folder) const;
