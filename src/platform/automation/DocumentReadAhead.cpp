@@ -1,5 +1,7 @@
 #include "platform/automation/DocumentReadAhead.h"
 
+#include <iterator>
+
 #include "platform/automation/AutomationConstants.h"
 #include "platform/automation/DefinitionText.h"
 #include "platform/automation/Project.h"
@@ -67,12 +69,15 @@ std::unique_ptr<PreparedDocument> DocumentReadAhead::Take(const ProjectItem* ite
   auto at = m_index.find(item);
   if (at == m_index.end()) return nullptr;
   const size_t place = at->second;
+  // Waited for before the walk moves past it: the worker keeps only what is not passed.
+  if (m_busy == place) m_changed.wait(lock, [&] { return m_busy != place; });
   if (place + 1 > m_walk) {
     // Everything before this item is behind the walk now.
     m_walk = place + 1;
-    m_ready.erase(m_ready.begin(), m_ready.lower_bound(place));
+    auto passed = m_ready.lower_bound(place);
+    m_discarded += static_cast<size_t>(std::distance(m_ready.begin(), passed));
+    m_ready.erase(m_ready.begin(), passed);
   }
-  if (m_busy == place) m_changed.wait(lock, [&] { return m_busy != place; });
   std::unique_ptr<PreparedDocument> prepared;
   auto ready = m_ready.find(place);
   if (ready != m_ready.end()) {
@@ -90,6 +95,11 @@ std::unique_ptr<PreparedDocument> DocumentReadAhead::Take(const ProjectItem* ite
 size_t DocumentReadAhead::Hits() const {
   std::lock_guard<std::mutex> lock(m_mutex);
   return m_hits;
+}
+
+size_t DocumentReadAhead::Discarded() const {
+  std::lock_guard<std::mutex> lock(m_mutex);
+  return m_discarded;
 }
 
 size_t DocumentReadAhead::ReadyCount() const {
@@ -115,6 +125,7 @@ void DocumentReadAhead::Work() {
     lock.lock();
     m_busy = kNone;
     if (place >= m_walk && !m_stop) m_ready.emplace(place, std::move(prepared));
+    else if (!m_stop) ++m_discarded;
     m_changed.notify_all();
   }
 }

@@ -77,6 +77,9 @@ class DocumentReadAhead {
   size_t Hits() const;
   /// How many prepared documents wait for the walk, for tests.
   size_t ReadyCount() const;
+  /// How many prepared documents were thrown away because the walk had passed them, for
+  /// tests: a walk that takes its items in the planned order wastes none.
+  size_t Discarded() const;
 
  private:
   struct Job {
@@ -98,6 +101,7 @@ class DocumentReadAhead {
   size_t m_busy = kNone;  // the place being prepared
   std::map<size_t, std::unique_ptr<PreparedDocument>> m_ready;
   size_t m_hits = 0;
+  size_t m_discarded = 0;
   bool m_stop = false;
   // The symbols of the project last planned, shared by its items.
   const void* m_symbolsOwner = nullptr;

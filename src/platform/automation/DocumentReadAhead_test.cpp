@@ -104,6 +104,27 @@ TEST(DocumentReadAhead, StaysAFewDocumentsAheadAndDropsWhatTheWalkPassesBy) {
   EXPECT_EQ(f3->declarations->TopLevel().size(), 1u);
   EXPECT_EQ(readAhead.Take(items[8].get()), nullptr);  // never planned: no code model
   EXPECT_EQ(readAhead.Hits(), 1u);
+  EXPECT_EQ(readAhead.Discarded(), 2u);  // F0 and F1
+}
+
+TEST(DocumentReadAhead, AWalkInThePlannedOrderGetsEverythingTheWorkerPrepared) {
+  testsupport::TempDir dir;
+  auto dte = Solution(dir, 6);
+  // A large first file, so that the walk most often asks for it while it is being read.
+  std::string large = "namespace N {\n";
+  for (int i = 0; i < 40000; ++i) large += "  class K" + std::to_string(i) + " { int f; }\n";
+  dir.Write("App/F0.cs", large + "}\n");
+  auto readAhead = std::make_shared<DocumentReadAhead>(2);
+  dte->SetReadAhead(readAhead);
+  auto items = Files(dte);
+  for (auto& item : items) readAhead->Plan(item);
+  std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  for (auto& item : items) {
+    SCOPED_TRACE(item->Name());
+    EXPECT_NO_THROW(item->LoadDocument());  // each item read by the worker or by the walk
+  }
+  EXPECT_EQ(items[0]->FileCodeModel()->CodeElements()->Item(1)->Members()->Count(), 40000);
+  EXPECT_EQ(readAhead->Discarded(), 0u);
 }
 
 TEST(DocumentReadAhead, AFileThatCannotBeReadFailsAsItWouldWithoutIt) {

@@ -88,7 +88,7 @@ bool IsItemOperationAttribute(std::string_view name) {
 // A file taking part in the evaluation, kept alive while its nodes are referred to.
 struct SourceFile {
   fs::path path;  // normalized absolute
-  std::unique_ptr<pugi::xml_document> doc;
+  std::shared_ptr<const pugi::xml_document> doc;
 };
 
 // An ItemGroup met during the property pass, evaluated in the item pass.
@@ -112,7 +112,8 @@ class Evaluator {
   Evaluator(const fs::path& projectFile, const MSBuildOptions& options, const std::string& targetFramework,
             const std::string& platform)
       : m_projectFile(NormalizedAbsolute(projectFile)), m_options(options),
-        m_probe(options.probe ? options.probe : &m_ownProbe) {
+        m_probe(options.probe),
+        m_fileCache(options.files) {
     m_projectDir = m_projectFile.parent_path();
     for (auto& [name, value] : options.globalProperties) m_props.SetGlobal(name, value);
     if (!targetFramework.empty()) m_props.SetGlobal("TargetFramework", targetFramework);
@@ -178,8 +179,7 @@ class Evaluator {
  private:
   // Reads and parses `path` and keeps it for the rest of the evaluation.
   SourceFile& Load(const fs::path& path) {
-    auto doc = ReadDefinitionXml(path);
-    m_files.push_back({path, std::move(doc)});
+    m_files.push_back({path, m_fileCache->Read(path)});
     return m_files.back();
   }
 
@@ -229,9 +229,10 @@ class Evaluator {
 
   // Evaluates one of the SDK's fragments as if it were part of the project file.
   void EvaluateSynthetic(const char* xml) {
-    m_files.push_back({m_projectFile, std::make_unique<pugi::xml_document>()});
+    auto doc = std::make_shared<pugi::xml_document>();
+    doc->load_string(xml);
+    m_files.push_back({m_projectFile, std::move(doc)});
     SourceFile& file = m_files.back();
-    file.doc->load_string(xml);
     SetThisFile(file);
     ProcessChildren(file, file.doc->document_element(), 0, 0);
   }
@@ -487,8 +488,8 @@ class Evaluator {
   fs::path m_projectFile;
   fs::path m_projectDir;
   const MSBuildOptions& m_options;
-  PathProbe m_ownProbe;
-  PathProbe* m_probe;
+  PathProbe* m_probe;              // never null
+  MSBuildFileCache* m_fileCache;   // never null
   MSBuildProperties m_props;
   bool m_sdkStyle = false;
   std::deque<SourceFile> m_files;
@@ -501,6 +502,14 @@ class Evaluator {
 
 }  // namespace
 
+std::shared_ptr<const pugi::xml_document> MSBuildFileCache::Read(const std::filesystem::path& path) {
+  auto it = m_documents.find(path.native());
+  if (it != m_documents.end()) return it->second;
+  std::shared_ptr<const pugi::xml_document> doc = ReadDefinitionXml(path);
+  m_documents.emplace(path.native(), doc);
+  return doc;
+}
+
 std::string MSBuildItem::Metadata(std::string_view name) const {
   std::string key = LowerAscii(name);
   for (auto& [k, v] : metadata)
@@ -508,7 +517,13 @@ std::string MSBuildItem::Metadata(std::string_view name) const {
   return "";
 }
 
-MSBuildProject EvaluateMSBuildProject(const std::filesystem::path& projectFile, const MSBuildOptions& options) {
+MSBuildProject EvaluateMSBuildProject(const std::filesystem::path& projectFile, const MSBuildOptions& given) {
+  // The runs below share what they learn of the disk, with the load or among themselves.
+  PathProbe ownProbe;
+  MSBuildFileCache ownFiles;
+  MSBuildOptions options = given;
+  if (!options.probe) options.probe = &ownProbe;
+  if (!options.files) options.files = &ownFiles;
   auto run = [&](const std::string& targetFramework, const std::string& platform) {
     auto evaluator = std::make_unique<Evaluator>(projectFile, options, targetFramework, platform);
     evaluator->PropertyPass();

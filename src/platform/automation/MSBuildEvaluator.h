@@ -1,9 +1,13 @@
 #pragma once
 #include <filesystem>
+#include <memory>
 #include <string>
+#include <unordered_map>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include <pugixml.hpp>
 
 #include "platform/automation/MSBuildProperties.h"
 #include "platform/automation/PathProbe.h"
@@ -29,6 +33,20 @@ struct MSBuildProject {
   std::vector<std::string> warnings;   // files that were to be imported but could not be read
 };
 
+/// The files evaluations read (project files, imports), kept parsed for the length of one
+/// load, so that what every project of a solution imports (Directory.Build.props, shared
+/// props and targets) is read and parsed once. Like PathProbe, it sees the files as they
+/// were when first read; not thread-safe.
+class MSBuildFileCache {
+ public:
+  /// The XML document of the file at `path` (absolute, normalized). Fails as
+  /// ReadDefinitionXml does; failures are not kept.
+  std::shared_ptr<const pugi::xml_document> Read(const std::filesystem::path& path);
+
+ private:
+  std::unordered_map<std::string, std::shared_ptr<const pugi::xml_document>> m_documents;
+};
+
 /// How to evaluate a project.
 struct MSBuildOptions {
   /// Properties the project cannot change (Configuration, Platform, ...).
@@ -47,6 +65,8 @@ struct MSBuildOptions {
   /// The probe of the load the project is part of, so that the projects of a solution
   /// share what is known about their folders; none gives the evaluation one of its own.
   PathProbe* probe = nullptr;
+  /// The file cache of the load; none gives the evaluation one of its own.
+  MSBuildFileCache* files = nullptr;
 };
 
 /// Evaluates the project file `projectFile` as the build system would for a design-time

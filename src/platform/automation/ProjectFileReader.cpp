@@ -33,13 +33,15 @@ std::string NameFor(const fs::path& projectFile, const ProjectFileOptions& optio
   return options.name.empty() ? projectFile.stem().string() : options.name;
 }
 
-MSBuildOptions EvaluationOptions(const std::string& language, const fs::path& solutionPath, PathProbe* probe) {
+MSBuildOptions EvaluationOptions(const std::string& language, const fs::path& solutionPath, PathProbe* probe,
+                                 MSBuildFileCache* files) {
   MSBuildOptions o;
   o.globalProperties = {{"Configuration", "Debug"}};
   o.defaultPlatform = "AnyCPU";
   o.sourceExtension = language == "VB" ? ".vb" : ".cs";
   o.solutionPath = solutionPath;
   o.probe = probe;
+  o.files = files;
   return o;
 }
 
@@ -96,7 +98,7 @@ Ref<Project> ReadProjectFile(const fs::path& projectFile, const ProjectFileOptio
     throw Error(err::kInvalidCall, QuotedPath(file) + " is not a C# or Visual Basic project file");
   PathProbe ownProbe;
   PathProbe* probe = options.probe ? options.probe : &ownProbe;
-  MSBuildProject evaluated = EvaluateMSBuildProject(file, EvaluationOptions(language, options.solutionPath, probe));
+  MSBuildProject evaluated = EvaluateMSBuildProject(file, EvaluationOptions(language, options.solutionPath, probe, options.files));
   for (auto& w : evaluated.warnings) warnings.push_back("project '" + NameFor(file, options) + "': " + w);
 
   std::string kind = IsLanguageKind(options.kind) ? options.kind : KindFor(language, evaluated.sdkStyle);

@@ -10,6 +10,7 @@
 namespace platform::automation {
 
 class DTE;
+class MSBuildFileCache;
 class Project;
 
 /// The language of a project file by its extension: "C#" (.csproj), "VB" (.vbproj), ""
@@ -28,6 +29,8 @@ struct ProjectFileOptions {
   std::weak_ptr<DTE> dte;
   /// The probe of the load; none gives the project one of its own.
   PathProbe* probe = nullptr;
+  /// The file cache of the load; none gives the project one of its own.
+  MSBuildFileCache* files = nullptr;
 };
 
 /// Reads the C# or VB project file `projectFile` into a Project: evaluated as

@@ -8,6 +8,7 @@
 #include "platform/automation/DTE.h"
 #include "platform/automation/DefinitionText.h"
 #include "platform/automation/FileGlob.h"
+#include "platform/automation/MSBuildEvaluator.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectFileReader.h"
 #include "platform/automation/ProjectItem.h"
@@ -54,9 +55,10 @@ Ref<Project> MakeFolder(const std::string& name, const std::weak_ptr<DTE>& dte) 
 // Reads a C# or VB project file; one that cannot be read stays without items.
 Ref<Project> LoadProject(const fs::path& file, const std::string& name, const std::string& kind,
                          const fs::path& solutionPath, const std::weak_ptr<DTE>& dte,
-                         std::vector<std::string>& warnings, PathProbe& probe) {
+                         std::vector<std::string>& warnings, PathProbe& probe, MSBuildFileCache& files) {
   ProjectFileOptions options;
   options.probe = &probe;
+  options.files = &files;
   options.name = name;
   options.kind = kind;
   options.solutionPath = solutionPath;
@@ -71,7 +73,7 @@ Ref<Project> LoadProject(const fs::path& file, const std::string& name, const st
 }
 
 Ref<Project> LoadEntry(const SolutionEntry& entry, const fs::path& slnPath, const std::weak_ptr<DTE>& dte,
-                       std::vector<std::string>& warnings, PathProbe& probe) {
+                       std::vector<std::string>& warnings, PathProbe& probe, MSBuildFileCache& files) {
   if (entry.folder) return MakeFolder(entry.name, dte);
   const fs::path slnDir = slnPath.parent_path();
   const std::string kind = CanonicalKind(entry.typeGuid);
@@ -92,13 +94,15 @@ Ref<Project> LoadEntry(const SolutionEntry& entry, const fs::path& slnPath, cons
     return std::make_shared<Project>(entry.name, kind.empty() ? std::string("{00000000-0000-0000-0000-000000000000}") : kind,
                                      path, dte);
   }
-  return LoadProject(path, entry.name, kind, slnPath, dte, warnings, probe);
+  return LoadProject(path, entry.name, kind, slnPath, dte, warnings, probe, files);
 }
 
 // Builds the solution from the entries of a solution file.
 void BuildSolution(const SolutionDescription& description, const fs::path& slnPath, const Ref<DTE>& dte,
                    std::vector<std::string>& warnings) {
+  // What the load learns about the files on disk, shared by all its projects.
   PathProbe probe;
+  MSBuildFileCache files;
   auto solution = dte->Solution();
   const auto& entries = description.entries;
   warnings.insert(warnings.end(), description.warnings.begin(), description.warnings.end());
@@ -106,7 +110,7 @@ void BuildSolution(const SolutionDescription& description, const fs::path& slnPa
   projects.reserve(entries.size());
   std::unordered_map<std::string, size_t> byId;
   for (size_t i = 0; i < entries.size(); ++i) {
-    projects.push_back(LoadEntry(entries[i], slnPath, dte, warnings, probe));
+    projects.push_back(LoadEntry(entries[i], slnPath, dte, warnings, probe, files));
     byId.emplace(LowerAscii(entries[i].id), i);
   }
   // Where each entry goes: its folder, or the top when the folder is unknown, not a
@@ -234,9 +238,11 @@ LoadResult OpenFolder(const fs::path& folder) {
   LoadResult result = NewResult(folder);
   result.warnings = std::move(warnings);
   PathProbe probe;
+  MSBuildFileCache files;
   if (!projectFiles.empty()) {
     for (auto& file : projectFiles)
-      result.dte->Solution()->Projects()->Add(LoadProject(file, "", "", fs::path(), result.dte, result.warnings, probe));
+      result.dte->Solution()->Projects()->Add(
+          LoadProject(file, "", "", fs::path(), result.dte, result.warnings, probe, files));
     return result;
   }
   if (SourceFilesBelow(folder, &probe).empty())
