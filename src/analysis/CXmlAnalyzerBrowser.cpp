@@ -1,5 +1,8 @@
 #include "analysis/CXmlAnalyzerBrowser.h"
 
+#include <thread>
+
+
 #include "platform/core/AsciiText.h"
 #include "analysis/CEstimate.h"
 #include "analysis/CStatus.h"
@@ -9,6 +12,7 @@
 #include "platform/automation/CodeElement.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/Document.h"
+#include "platform/automation/DocumentReadAhead.h"
 #include "platform/automation/FileCodeModel.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItem.h"
@@ -21,6 +25,8 @@
 #include "platform/suite/Scopes.h"
 #include "platform/suite/ServiceObject.h"
 #include "platform/win32/Keyboard.h"
+
+#include <thread>
 
 namespace annotra {
 
@@ -65,6 +71,52 @@ Ref<Project> FirstSelectedProject() {
 bool IsSolutionFolder(const Ref<Project>& project) {
   return project && platform::TryAs<SolutionFolder>(project->Object());
 }
+
+// The documents of a project walk read and parsed ahead on the second core while the
+// walk runs: the files the walk will visit, planned in the order it visits them (the items
+// below an item before the item, sub-projects in their place), and the read-ahead handed
+// to the environment for the walk's duration. The walk itself does not change: it opens
+// its documents as before and finds them ready, or reads them itself.
+class ReadAheadForWalk {
+ public:
+  ReadAheadForWalk() {
+    if (std::thread::hardware_concurrency() < 2) return;  // nothing to gain on one core
+    Quietly([&] {
+      m_dte = MGlobals::DTEObject;
+      m_readAhead = std::make_shared<DocumentReadAhead>();
+      m_dte->SetReadAhead(m_readAhead);
+    });
+  }
+  ~ReadAheadForWalk() {
+    if (m_dte) m_dte->SetReadAhead(nullptr);
+  }
+  ReadAheadForWalk(const ReadAheadForWalk&) = delete;
+  ReadAheadForWalk& operator=(const ReadAheadForWalk&) = delete;
+
+  void PlanProject(const Ref<Project>& project) {
+    if (!m_readAhead || !project) return;
+    Quietly([&] { PlanItems(project->ProjectItems(), 0); });
+  }
+
+ private:
+  static constexpr int kMaxDepth = 256;
+
+  void PlanItems(const Ref<ProjectItems>& items, int depth) {
+    if (!items || depth > kMaxDepth) return;
+    for (const Ref<ProjectItem>& item : items->items()) {
+      if (auto sub = item->SubProject()) {
+        Quietly([&] { PlanItems(sub->ProjectItems(), depth + 1); });
+        continue;
+      }
+      if (item->Collection().get() != items.get()) continue;
+      if (auto children = item->ProjectItems(); children && children->Count() > 0) PlanItems(children, depth + 1);
+      m_readAhead->Plan(item);
+    }
+  }
+
+  Ref<DTE> m_dte;
+  std::shared_ptr<DocumentReadAhead> m_readAhead;
+};
 
 bool TooManyOpened() {
   return MGlobals::OpenedDocuments &&
@@ -144,6 +196,8 @@ void CXmlAnalyzerBrowser::WalkScope(int32_t scope) {
       int32_t n = 0;
       Quietly([&] { n = m_oEstimate->EstimateProjectItems(project->ProjectItems()); });
       m_oStatus->InitStatus(n, kEstimating);
+      ReadAheadForWalk readAhead;
+      readAhead.PlanProject(project);
       FindInProject(project);
       m_oStatus->ShutdownStatus();
       return;
@@ -156,6 +210,12 @@ void CXmlAnalyzerBrowser::WalkScope(int32_t scope) {
       for (int i = 1; i <= projects->Count(); ++i)
         Quietly([&] { n += m_oEstimate->EstimateProjectItems(projects->Item(i)->ProjectItems()); });
       m_oStatus->InitStatus(n, kEstimating);
+      ReadAheadForWalk readAhead;
+      for (int i = 1; i <= projects->Count(); ++i) {
+        Ref<Project> project;
+        Quietly([&] { project = projects->Item(i); });
+        readAhead.PlanProject(project);
+      }
       for (int i = 1; i <= projects->Count() && !m_bCancelled; ++i) {
         Ref<Project> project;
         Quietly([&] { project = projects->Item(i); });
@@ -287,6 +347,10 @@ void CXmlAnalyzerBrowser::SearchItem(const Ref<ProjectItem>& item) {
     return;
   }
   if (!item) return;
+  // The item's code model is held while the item is searched: the language test and the
+  // walk below then share one reading and parse of the file instead of one each.
+  Ref<FileCodeModel> held;
+  Quietly([&] { held = item->FileCodeModel(); });
   std::string language = MGlobals::GetItemLanguage(item);
   if (!IsCodeLanguage(language)) {
     step(3, [&] { m_oStatus->IncrementStatus(1, "Searching"); });

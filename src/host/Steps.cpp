@@ -6,8 +6,14 @@ namespace annotra {
 
 void ReportStepError(int number, const std::string& description, const std::string& source,
                      int line) {
-  platform::suite::ErrorReport::Current().Report(
-      "(" + std::to_string(number) + ") '" + description + "'", source, line, false);
+  // Built by appending: "(" + std::to_string(...) trips a false -Wrestrict in GCC 12's
+  // optimised builds.
+  std::string message = "(";
+  message += std::to_string(number);
+  message += ") '";
+  message += description;
+  message += "'";
+  platform::suite::ErrorReport::Current().Report(message, source, line, false);
 }
 
 void ReportMessage(const std::string& message) {

@@ -9,6 +9,7 @@
 namespace platform::automation {
 
 class Document;
+class DocumentReadAhead;
 class Project;
 class Solution;
 class StatusBar;
@@ -71,6 +72,10 @@ class DTE : public Dispatch, public std::enable_shared_from_this<DTE> {
   void ActivateToolWindow(const Window* window);
   /// A window of `document` was activated: it is the active document.
   void ActivateDocument(Ref<Document> document);
+  /// The read-ahead documents are loaded through while a walk runs (none: every document
+  /// is read when it is opened). Set by the walk for its duration.
+  void SetReadAhead(std::shared_ptr<DocumentReadAhead> readAhead) { m_readAhead = std::move(readAhead); }
+  const std::shared_ptr<DocumentReadAhead>& ReadAhead() const { return m_readAhead; }
 
   // --- For documents ---------------------------------------------------------------------
   void DocumentOpened(const Ref<Document>& document);
@@ -86,6 +91,7 @@ class DTE : public Dispatch, public std::enable_shared_from_this<DTE> {
   Ref<Window> m_activeToolWindow;
   std::string m_registryRoot = "Software\\Microsoft\\VisualStudio\\8.0";
   Ref<automation::StatusBar> m_statusBar;
+  std::shared_ptr<DocumentReadAhead> m_readAhead;
 };
 
 }  // namespace platform::automation

@@ -1,17 +1,19 @@
 #include "platform/automation/DefinitionText.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <fstream>
-#include <sstream>
-#include <system_error>
 
 #include "platform/automation/FileDecoder.h"
 #include "platform/core/Error.h"
 
 namespace platform::automation {
 namespace {
-constexpr std::uintmax_t kMaxSize = 64u << 20;
+constexpr size_t kMaxSize = size_t{64} << 20;
 }  // namespace
 
 std::string QuotedPath(const std::filesystem::path& path) {
@@ -23,7 +25,11 @@ std::string QuotedPath(const std::filesystem::path& path) {
 }
 
 std::string DecodeKnownText(std::string_view bytes, const std::filesystem::path& path) {
-  std::string text = DecodeText(bytes);
+  return DecodeKnownOwnedText(std::string(bytes), path);
+}
+
+std::string DecodeKnownOwnedText(std::string&& bytes, const std::filesystem::path& path) {
+  std::string text = DecodeOwnedText(std::move(bytes));
   if (text.find('\0') != std::string::npos)
     throw Error(err::kInvalidCall, QuotedPath(path) +
                                        " is in an unknown encoding: it holds NUL characters "
@@ -32,21 +38,47 @@ std::string DecodeKnownText(std::string_view bytes, const std::filesystem::path&
 }
 
 std::string ReadDefinitionText(const std::filesystem::path& path) {
-  std::error_code ec;
-  auto status = std::filesystem::status(path, ec);
-  if (!std::filesystem::exists(status))
-    throw Error(err::kFileNotFound, QuotedPath(path) + " does not exist");
+  // One open, one fstat and the reads: the walk reads thousands of files, and each probe
+  // more is a system call more. O_NONBLOCK keeps a pipe named like a source file from
+  // blocking the open; it is then refused as no regular file.
+  int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+  if (fd < 0) {
+    int error = errno;
+    if (error == ENOENT || error == ENOTDIR)
+      throw Error(err::kFileNotFound, QuotedPath(path) + " does not exist");
+    throw Error(err::kPathFileAccess, QuotedPath(path) + " cannot be read: " + std::strerror(error));
+  }
+  struct Closer {
+    int fd;
+    ~Closer() { ::close(fd); }
+  } closer{fd};
+  struct stat st {};
+  if (::fstat(fd, &st) != 0) throw Error(err::kPathFileAccess, QuotedPath(path) + " cannot be read: " + std::strerror(errno));
   // Only regular files are read: a pipe or device named like a project would block.
-  if (!std::filesystem::is_regular_file(status))
-    throw Error(err::kPathFileAccess, QuotedPath(path) + " is not a file");
-  auto size = std::filesystem::file_size(path, ec);
-  if (!ec && size > kMaxSize) throw Error(err::kPathFileAccess, QuotedPath(path) + " is too large to load");
-  std::ifstream in(path, std::ios::binary);
-  if (!in) throw Error(err::kPathFileAccess, QuotedPath(path) + " cannot be read: " + std::strerror(errno));
-  std::ostringstream ss;
-  ss << in.rdbuf();
-  if (in.bad()) throw Error(err::kPathFileAccess, QuotedPath(path) + " cannot be read");
-  return DecodeKnownText(ss.str(), path);
+  if (!S_ISREG(st.st_mode)) throw Error(err::kPathFileAccess, QuotedPath(path) + " is not a file");
+  if (static_cast<uint64_t>(st.st_size) > kMaxSize)
+    throw Error(err::kPathFileAccess, QuotedPath(path) + " is too large to load");
+  std::string bytes(static_cast<size_t>(st.st_size), '\0');
+  size_t got = 0;
+  for (;;) {
+    // A file that grew since fstat is read to its end, and to one byte past the limit.
+    if (got == bytes.size()) {
+      if (got > kMaxSize) throw Error(err::kPathFileAccess, QuotedPath(path) + " is too large to load");
+      bytes.resize(std::min<size_t>(kMaxSize + 1, bytes.size() + 4096));
+    }
+    ssize_t n = ::read(fd, bytes.data() + got, bytes.size() - got);
+    if (n < 0) {
+      if (errno == EINTR) continue;
+      throw Error(err::kPathFileAccess, QuotedPath(path) + " cannot be read: " + std::strerror(errno));
+    }
+    if (n == 0) break;
+    got += static_cast<size_t>(n);
+    // The size fstat gave is read: no further call only to meet the end.
+    if (got == static_cast<size_t>(st.st_size)) break;
+  }
+  if (got > kMaxSize) throw Error(err::kPathFileAccess, QuotedPath(path) + " is too large to load");
+  bytes.resize(got);
+  return DecodeKnownOwnedText(std::move(bytes), path);
 }
 
 std::unique_ptr<pugi::xml_document> ParseDefinitionXml(const std::string& text,

@@ -19,6 +19,8 @@ std::string ReadDefinitionText(const std::filesystem::path& path);
 /// once decoded is taken to be in an unknown encoding (UTF-16 without a byte-order mark,
 /// UTF-32, or no text at all) and fails with platform::Error 5 naming `path`.
 std::string DecodeKnownText(std::string_view bytes, const std::filesystem::path& path);
+/// The same, reusing the storage of `bytes` where the text needs no conversion.
+std::string DecodeKnownOwnedText(std::string&& bytes, const std::filesystem::path& path);
 
 /// The XML document in the file at `path`, read with ReadDefinitionText. Fails as that
 /// does, and with platform::Error 5 "'path' is not well-formed XML: line N: ..." when

@@ -3,13 +3,14 @@
 #include "platform/automation/DTE.h"
 #include "platform/automation/DefinitionText.h"
 #include "platform/automation/DocumentData.h"
+#include "platform/automation/DocumentReadAhead.h"
 #include "platform/automation/ProjectItem.h"
 #include "platform/codemodel/LanguageParser.h"
 #include "platform/core/Error.h"
 
 namespace platform::automation {
 
-DocumentData::DocumentData(std::filesystem::path p, std::string t, ProjectItem* i,
+DocumentData::DocumentData(std::filesystem::path p, TextBuffer t, ProjectItem* i,
                            std::weak_ptr<DTE> d, std::string lang,
                            codemodel::PreprocessorSymbols syms)
     : path(std::move(p)),
@@ -87,7 +88,7 @@ void Document::Activated(Window& window) {
 
 Ref<Document> Document::FromText(const std::filesystem::path& path, std::string text,
                                  std::string language, codemodel::PreprocessorSymbols symbols) {
-  auto data = std::make_shared<DocumentData>(path, std::move(text), nullptr, std::weak_ptr<automation::DTE>(),
+  auto data = std::make_shared<DocumentData>(path, TextBuffer(std::move(text)), nullptr, std::weak_ptr<automation::DTE>(),
                                              std::move(language), std::move(symbols));
   return data->Share(&data->document);
 }
@@ -95,8 +96,23 @@ Ref<Document> Document::FromText(const std::filesystem::path& path, std::string 
 Ref<Document> Document::Load(const std::filesystem::path& path, automation::ProjectItem* item,
                              std::weak_ptr<automation::DTE> dte, std::string language,
                              codemodel::PreprocessorSymbols symbols) {
-  auto data = std::make_shared<DocumentData>(path, ReadDefinitionText(path), item, std::move(dte),
+  auto data = std::make_shared<DocumentData>(path, TextBuffer(ReadDefinitionText(path)), item, std::move(dte),
                                              std::move(language), std::move(symbols));
+  return data->Share(&data->document);
+}
+
+Ref<Document> Document::Adopt(PreparedDocument&& prepared, automation::ProjectItem* item, std::weak_ptr<automation::DTE> dte,
+                              std::string language, codemodel::PreprocessorSymbols symbols) {
+  if (prepared.error) throw *prepared.error;
+  auto data = std::make_shared<DocumentData>(prepared.path, std::move(prepared.text), item, std::move(dte),
+                                             std::move(language), std::move(symbols));
+  if (prepared.declarations) {
+    DocumentData& d = *data;
+    d.parsed = true;
+    d.codeModel.emplace(d.language, &d.text, &d.textDocument, d.item);
+    d.codeModel->SetKeepAlive(d.weak_from_this());
+    d.codeModel->Adopt(std::move(*prepared.declarations));
+  }
   return data->Share(&data->document);
 }
 

@@ -15,6 +15,7 @@ class TextDocument;
 class Window;
 class Windows;
 struct DocumentData;
+struct PreparedDocument;
 
 /// A source document: its name, its item, its text and its windows. A document is read
 /// when first needed and dropped when nothing holds it; the documents the host or the
@@ -62,6 +63,12 @@ class Document : public Dispatch {
   static Ref<Document> Load(const std::filesystem::path& path, automation::ProjectItem* item,
                             std::weak_ptr<automation::DTE> dte, std::string language,
                             codemodel::PreprocessorSymbols symbols);
+  /// The document of `item` made from what was read and parsed ahead (the same as Load
+  /// and a parse with `language` and `symbols` would make); fails as Load does when the
+  /// reading failed.
+  static Ref<Document> Adopt(PreparedDocument&& prepared, automation::ProjectItem* item,
+                             std::weak_ptr<automation::DTE> dte, std::string language,
+                             codemodel::PreprocessorSymbols symbols);
 
   explicit Document(DocumentData* data) : m_data(data) {}
 

@@ -20,7 +20,7 @@ namespace platform::automation {
 /// to any of them share the allocation's count, so holding any part keeps the whole
 /// document alive and no part can outlive the others. Internal to the model.
 struct DocumentData : std::enable_shared_from_this<DocumentData> {
-  DocumentData(std::filesystem::path path, std::string text, ProjectItem* item,
+  DocumentData(std::filesystem::path path, TextBuffer text, ProjectItem* item,
                std::weak_ptr<DTE> dte, std::string language, codemodel::PreprocessorSymbols symbols);
 
   template <class T>

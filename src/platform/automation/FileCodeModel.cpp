@@ -16,6 +16,16 @@ FileCodeModel::FileCodeModel(std::string language, const TextBuffer* text, TextD
 
 void FileCodeModel::Parse(const codemodel::LanguageParser& parser, const codemodel::PreprocessorSymbols& symbols) {
   parser.Parse(m_declarations, symbols);
+  MakeElements();
+}
+
+void FileCodeModel::Adopt(codemodel::DeclarationTree&& declarations) {
+  m_declarations = std::move(declarations);
+  m_declarations.Rebind(m_text->Text());
+  MakeElements();
+}
+
+void FileCodeModel::MakeElements() {
   m_elements.reserve(m_declarations.Size());
   for (size_t i = 0; i < m_declarations.Size(); ++i) m_elements.emplace_back(this, &m_declarations.At(i));
 }

@@ -44,6 +44,10 @@ class FileCodeModel : public Dispatch {
   /// Reads the declarations of the text with `parser` and `symbols`, and makes one
   /// element per declaration. Call once, before handing the model out.
   void Parse(const codemodel::LanguageParser& parser, const codemodel::PreprocessorSymbols& symbols);
+  /// Takes the declarations a parser already found in the same text (elsewhere, or on
+  /// another thread) instead of parsing: the same model as Parse would make. Call once,
+  /// instead of Parse.
+  void Adopt(codemodel::DeclarationTree&& declarations);
   /// `keepAlive` owns the document the model belongs to: every reference the model hands
   /// out shares it.
   void SetKeepAlive(std::weak_ptr<const void> keepAlive) { m_keepAlive = std::move(keepAlive); }
@@ -67,6 +71,8 @@ class FileCodeModel : public Dispatch {
   TextDocument* textDocument() const { return m_textDocument; }
 
  private:
+  void MakeElements();
+
   std::string m_language;
   const TextBuffer* m_text;
   TextDocument* m_textDocument;

@@ -1,5 +1,7 @@
 #include "platform/automation/FileDecoder.h"
 
+#include <cstdint>
+#include <cstring>
 #include <fstream>
 #include <sstream>
 
@@ -73,6 +75,14 @@ std::string DecodeCp1252(std::string_view bytes) {
 bool IsValidUtf8(std::string_view s) {
   size_t i = 0, n = s.size();
   while (i < n) {
+    // Source text is mostly ASCII: eight bytes at a time while no high bit is set.
+    while (i + 8 <= n) {
+      uint64_t word;
+      std::memcpy(&word, s.data() + i, 8);
+      if (word & 0x8080808080808080ull) break;
+      i += 8;
+    }
+    if (i >= n) break;
     auto c = static_cast<unsigned char>(s[i]);
     if (c < 0x80) { ++i; continue; }
     int len;
@@ -100,6 +110,17 @@ std::string DecodeText(std::string_view b) {
   if (b.size() >= 2 && b.substr(0, 2) == "\xFF\xFE") return DecodeUtf16(b.substr(2), false);
   if (b.size() >= 2 && b.substr(0, 2) == "\xFE\xFF") return DecodeUtf16(b.substr(2), true);
   if (IsValidUtf8(b)) return std::string(b);
+  return DecodeCp1252(b);
+}
+
+std::string DecodeOwnedText(std::string&& b) {
+  if (b.size() >= 3 && std::string_view(b).substr(0, 3) == "\xEF\xBB\xBF") {
+    b.erase(0, 3);
+    return std::move(b);
+  }
+  if (b.size() >= 2 && (std::string_view(b).substr(0, 2) == "\xFF\xFE" || std::string_view(b).substr(0, 2) == "\xFE\xFF"))
+    return DecodeText(std::string_view(b));
+  if (IsValidUtf8(b)) return std::move(b);
   return DecodeCp1252(b);
 }
 

@@ -122,6 +122,10 @@ bool PathPattern::Matches(const std::filesystem::path& path) const {
   return MatchSegments(m_segments, m_segments.size(), LowerSegments(path));
 }
 
+bool PathPattern::MatchesSegments(const std::vector<std::string>& lowerSegments) const {
+  return !m_empty && MatchSegments(m_segments, m_segments.size(), lowerSegments);
+}
+
 bool PathPattern::MatchesEverythingBelow(const std::filesystem::path& folder) const {
   if (m_empty || m_segments.size() < 2 || m_segments.back() != "**") return false;
   return MatchSegments(m_segments, m_segments.size() - 1, LowerSegments(folder));
@@ -133,14 +137,15 @@ std::filesystem::path PathPattern::LiteralPath() const {
   return s.empty() ? std::filesystem::path("/") : std::filesystem::path(s);
 }
 
-std::filesystem::path PathCaseResolver::Resolve(const std::filesystem::path& path) {
+std::filesystem::path PathCaseResolver::Resolve(const std::filesystem::path& path, PathProbe* probe) {
   namespace fs = std::filesystem;
   std::error_code ec;
-  if (fs::exists(path, ec) || !path.is_absolute()) return path;
+  auto exists = [&](const fs::path& p) { return KindOfPath(probe, p) != PathProbe::Kind::Missing; };
+  if (!path.is_absolute() || exists(path)) return path;
   fs::path resolved = path.root_path();
   for (const auto& part : path.relative_path()) {
     fs::path next = resolved / part;
-    if (!fs::exists(next, ec)) {
+    if (!exists(next)) {
       auto key = resolved.string();
       auto it = m_listings.find(key);
       if (it == m_listings.end()) {
@@ -162,13 +167,16 @@ std::filesystem::path PathCaseResolver::Resolve(const std::filesystem::path& pat
   return resolved;
 }
 
-std::vector<std::filesystem::path> PathPattern::Expand(const std::vector<PathPattern>& excludes) const {
+std::vector<std::filesystem::path> PathPattern::Expand(const std::vector<PathPattern>& excludes,
+                                                       PathProbe* probe) const {
   namespace fs = std::filesystem;
   std::vector<fs::path> out;
   if (m_empty || !HasWildcards()) return out;
-  auto excluded = [&](const fs::path& p) {
+  // Each file's path is split once and matched against the pattern and every exclude.
+  std::vector<std::string> segments;
+  auto excluded = [&]() {
     return std::any_of(excludes.begin(), excludes.end(),
-                       [&](const PathPattern& e) { return e.Matches(p); });
+                       [&](const PathPattern& e) { return e.MatchesSegments(segments); });
   };
   // The segments before the first wildcard name the folder to walk. They are lower
   // case here, so find the folder as the disk spells it.
@@ -197,6 +205,7 @@ std::vector<std::filesystem::path> PathPattern::Expand(const std::vector<PathPat
     std::error_code e2;
     const auto depth = static_cast<size_t>(it.depth());
     if (entry.is_directory(e2) && !entry.is_symlink(e2)) {
+      if (probe) probe->Learn(entry.path(), PathProbe::Kind::Folder);
       bool prune = false;
       if (m_recursive) {
         prune = std::any_of(excludes.begin(), excludes.end(), [&](const PathPattern& e) {
@@ -210,7 +219,9 @@ std::vector<std::filesystem::path> PathPattern::Expand(const std::vector<PathPat
       continue;
     }
     if (!entry.is_regular_file(e2)) continue;
-    if (Matches(entry.path()) && !excluded(entry.path())) out.push_back(entry.path());
+    if (probe && !entry.is_symlink(e2)) probe->Learn(entry.path(), PathProbe::Kind::File);
+    segments = LowerSegments(entry.path());
+    if (MatchesSegments(segments) && !excluded()) out.push_back(entry.path());
   }
   std::sort(out.begin(), out.end());
   return out;

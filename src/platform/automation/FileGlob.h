@@ -5,6 +5,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/automation/PathProbe.h"
+
 namespace platform::automation {
 
 /// A file pattern as project files write them: an absolute path whose segments may hold
@@ -20,6 +22,9 @@ class PathPattern {
 
   /// Whether the absolute, normalized `path` matches the whole pattern.
   bool Matches(const std::filesystem::path& path) const;
+  /// The same for a path already split into its ASCII lower-case segments (no root), so
+  /// that one path is split once for many patterns.
+  bool MatchesSegments(const std::vector<std::string>& lowerSegments) const;
   /// Whether the pattern ends in "/**" and the part before it matches the folder
   /// `folder`, so that everything below the folder matches.
   bool MatchesEverythingBelow(const std::filesystem::path& folder) const;
@@ -32,8 +37,9 @@ class PathPattern {
   /// The files (not folders) on disk that match, minus those any of `excludes` match,
   /// sorted by path. Folders that an exclude covers whole ("bin/**") are not entered;
   /// symbolic links to folders are not followed. A missing or unreadable folder gives
-  /// nothing.
-  std::vector<std::filesystem::path> Expand(const std::vector<PathPattern>& excludes) const;
+  /// nothing. The files and folders the listing shows are learnt by `probe`, if any.
+  std::vector<std::filesystem::path> Expand(const std::vector<PathPattern>& excludes,
+                                            PathProbe* probe = nullptr) const;
 
  private:
   std::vector<std::string> m_segments;  // ASCII lower case, without the root
@@ -50,8 +56,8 @@ class PathCaseResolver {
  public:
   /// `path` (absolute, normalized) when it exists; else the existing path that differs
   /// from it only in ASCII letter case (the first such entry of each folder in name
-  /// order); else `path` unchanged.
-  std::filesystem::path Resolve(const std::filesystem::path& path);
+  /// order); else `path` unchanged. `probe`, if any, answers whether paths exist.
+  std::filesystem::path Resolve(const std::filesystem::path& path, PathProbe* probe = nullptr);
 
  private:
   // Lower-case name -> name on disk, for each folder read so far.

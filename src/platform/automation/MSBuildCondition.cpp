@@ -204,8 +204,7 @@ class Parser {
       std::replace(value.begin(), value.end(), '\\', '/');
       std::filesystem::path p(MSBuildUnescape(value));
       if (p.is_relative()) p = m_scope.directory / p;
-      std::error_code ec;
-      return std::filesystem::exists(p, ec);
+      return KindOfPath(m_scope.probe, p) != PathProbe::Kind::Missing;
     }
     if (name == "hastrailingslash") return !value.empty() && (value.back() == '/' || value.back() == '\\');
     throw Invalid{};

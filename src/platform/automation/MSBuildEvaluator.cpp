@@ -43,6 +43,30 @@ constexpr const char* kSdkProps = R"xml(<Project>
   </ItemGroup>
 </Project>)xml";
 
+// How the build finds and imports Directory.Build.props and Directory.Build.targets, as
+// its common props and targets do it: through properties a project or an imported file
+// can read and set (a Directory.Build.props that imports its parent combines
+// '..' with $(_DirectoryBuildPropsFile)).
+constexpr const char* kDirectoryBuildProps = R"xml(<Project>
+  <PropertyGroup>
+    <ImportDirectoryBuildProps Condition="'$(ImportDirectoryBuildProps)' == ''">true</ImportDirectoryBuildProps>
+    <_DirectoryBuildPropsFile Condition="'$(_DirectoryBuildPropsFile)' == ''">Directory.Build.props</_DirectoryBuildPropsFile>
+    <_DirectoryBuildPropsBasePath Condition="'$(_DirectoryBuildPropsBasePath)' == ''">$([MSBuild]::GetDirectoryNameOfFileAbove('$(MSBuildProjectDirectory)', '$(_DirectoryBuildPropsFile)'))</_DirectoryBuildPropsBasePath>
+    <DirectoryBuildPropsPath Condition="'$(_DirectoryBuildPropsBasePath)' != '' and '$(_DirectoryBuildPropsFile)' != ''">$([System.IO.Path]::Combine('$(_DirectoryBuildPropsBasePath)', '$(_DirectoryBuildPropsFile)'))</DirectoryBuildPropsPath>
+  </PropertyGroup>
+  <Import Project="$(DirectoryBuildPropsPath)" Condition="'$(ImportDirectoryBuildProps)' == 'true' and Exists('$(DirectoryBuildPropsPath)')" />
+</Project>)xml";
+
+constexpr const char* kDirectoryBuildTargets = R"xml(<Project>
+  <PropertyGroup>
+    <ImportDirectoryBuildTargets Condition="'$(ImportDirectoryBuildTargets)' == ''">true</ImportDirectoryBuildTargets>
+    <_DirectoryBuildTargetsFile Condition="'$(_DirectoryBuildTargetsFile)' == ''">Directory.Build.targets</_DirectoryBuildTargetsFile>
+    <_DirectoryBuildTargetsBasePath Condition="'$(_DirectoryBuildTargetsBasePath)' == ''">$([MSBuild]::GetDirectoryNameOfFileAbove('$(MSBuildProjectDirectory)', '$(_DirectoryBuildTargetsFile)'))</_DirectoryBuildTargetsBasePath>
+    <DirectoryBuildTargetsPath Condition="'$(_DirectoryBuildTargetsBasePath)' != '' and '$(_DirectoryBuildTargetsFile)' != ''">$([System.IO.Path]::Combine('$(_DirectoryBuildTargetsBasePath)', '$(_DirectoryBuildTargetsFile)'))</DirectoryBuildTargetsPath>
+  </PropertyGroup>
+  <Import Project="$(DirectoryBuildTargetsPath)" Condition="'$(ImportDirectoryBuildTargets)' == 'true' and Exists('$(DirectoryBuildTargetsPath)')" />
+</Project>)xml";
+
 // What the SDK's targets infer from the target framework before Directory.Build.targets
 // is imported, so that conditions there can test it.
 constexpr const char* kSdkTargets = R"xml(<Project>
@@ -64,7 +88,7 @@ bool IsItemOperationAttribute(std::string_view name) {
 // A file taking part in the evaluation, kept alive while its nodes are referred to.
 struct SourceFile {
   fs::path path;  // normalized absolute
-  std::unique_ptr<pugi::xml_document> doc;
+  std::shared_ptr<const pugi::xml_document> doc;
 };
 
 // An ItemGroup met during the property pass, evaluated in the item pass.
@@ -87,7 +111,9 @@ class Evaluator {
   // `platform` and `targetFramework` ("" for none) are made global besides the options'.
   Evaluator(const fs::path& projectFile, const MSBuildOptions& options, const std::string& targetFramework,
             const std::string& platform)
-      : m_projectFile(NormalizedAbsolute(projectFile)), m_options(options) {
+      : m_projectFile(NormalizedAbsolute(projectFile)), m_options(options),
+        m_probe(options.probe),
+        m_fileCache(options.files) {
     m_projectDir = m_projectFile.parent_path();
     for (auto& [name, value] : options.globalProperties) m_props.SetGlobal(name, value);
     if (!targetFramework.empty()) m_props.SetGlobal("TargetFramework", targetFramework);
@@ -112,12 +138,12 @@ class Evaluator {
     SetReservedProperties();
     m_imported.insert(LowerAscii(m_projectFile.string()));
 
-    if (auto props = FindAbove("Directory.Build.props")) ImportFile(*props, 1);
+    EvaluateSynthetic(kDirectoryBuildProps);
     if (m_sdkStyle) EvaluateSynthetic(kSdkProps);
     SetThisFile(project);
     ProcessChildren(project, root, 0, 0);
     if (m_sdkStyle) EvaluateSynthetic(kSdkTargets);
-    if (auto targets = FindAbove("Directory.Build.targets")) ImportFile(*targets, 1);
+    EvaluateSynthetic(kDirectoryBuildTargets);
   }
 
   void ItemPass() {
@@ -153,17 +179,8 @@ class Evaluator {
  private:
   // Reads and parses `path` and keeps it for the rest of the evaluation.
   SourceFile& Load(const fs::path& path) {
-    auto doc = ReadDefinitionXml(path);
-    m_files.push_back({path, std::move(doc)});
+    m_files.push_back({path, m_fileCache->Read(path)});
     return m_files.back();
-  }
-
-  std::optional<fs::path> FindAbove(const char* name) const {
-    std::error_code ec;
-    for (fs::path dir = m_projectDir;; dir = dir.parent_path()) {
-      if (fs::is_regular_file(dir / name, ec)) return dir / name;
-      if (dir == dir.parent_path()) return std::nullopt;
-    }
   }
 
   void SetReservedProperties() {
@@ -178,6 +195,7 @@ class Evaluator {
     set("MSBuildProjectDirectoryNoRoot", m_projectDir.relative_path().string());
     set("MSBuildToolsVersion", "Current");
     set("MSBuildRuntimeType", "Core");
+    if (m_sdkStyle) set("UsingMicrosoftNETSdk", "true");
     // The projects were written for the environment on Windows; evaluate them as there.
     set("OS", "Windows_NT");
     set("DefaultLanguageSourceExtension", m_options.sourceExtension);
@@ -194,6 +212,7 @@ class Evaluator {
   void SetThisFile(const SourceFile& file) {
     m_props.Set("MSBuildThisFileFullPath", file.path.string());
     m_props.Set("MSBuildThisFileDirectory", file.path.parent_path().string() + "/");
+    m_props.Set("MSBuildThisFileDirectoryNoRoot", file.path.parent_path().relative_path().string() + "/");
     m_props.Set("MSBuildThisFile", file.path.filename().string());
     m_props.Set("MSBuildThisFileName", file.path.stem().string());
     m_props.Set("MSBuildThisFileExtension", file.path.extension().string());
@@ -204,14 +223,16 @@ class Evaluator {
     scope.properties = &m_props;
     scope.directory = file.path.parent_path();
     scope.items = [this](std::string_view type) { return ItemList(type); };
+    scope.probe = m_probe;
     return scope;
   }
 
   // Evaluates one of the SDK's fragments as if it were part of the project file.
   void EvaluateSynthetic(const char* xml) {
-    m_files.push_back({m_projectFile, std::make_unique<pugi::xml_document>()});
+    auto doc = std::make_shared<pugi::xml_document>();
+    doc->load_string(xml);
+    m_files.push_back({m_projectFile, std::move(doc)});
     SourceFile& file = m_files.back();
-    file.doc->load_string(xml);
     SetThisFile(file);
     ProcessChildren(file, file.doc->document_element(), 0, 0);
   }
@@ -251,16 +272,15 @@ class Evaluator {
       if (pattern.Empty()) continue;
       std::vector<fs::path> targets;
       if (pattern.HasWildcards()) {
-        targets = pattern.Expand({});
+        targets = pattern.Expand({}, m_probe);
       } else {
         std::string s = spec;
         std::replace(s.begin(), s.end(), '\\', '/');
         fs::path p(s);
         if (p.is_relative()) p = file.path.parent_path() / p;
-        std::error_code ec;
         // A missing import is skipped quietly: projects import the build tools' own
         // files, which do not exist here.
-        if (fs::is_regular_file(p, ec)) targets.push_back(p);
+        if (m_probe->IsFile(p)) targets.push_back(p);
       }
       for (auto& target : targets) {
         ImportFile(target, depth + 1);
@@ -441,14 +461,14 @@ class Evaluator {
       if (pattern.Empty()) continue;
       std::vector<std::pair<fs::path, std::string>> found;  // full path, include as written
       if (pattern.HasWildcards()) {
-        for (auto& p : pattern.Expand(excludes)) found.emplace_back(p, "");
+        for (auto& p : pattern.Expand(excludes, m_probe)) found.emplace_back(p, "");
       } else {
         fs::path p = pattern.LiteralPath();
         // The pattern is lower case; keep the spelling the project wrote.
         std::string s = spec;
         std::replace(s.begin(), s.end(), '\\', '/');
         fs::path written(s);
-        p = m_caseResolver.Resolve(NormalizedAbsolute(written.is_relative() ? m_projectDir / written : written));
+        p = m_caseResolver.Resolve(NormalizedAbsolute(written.is_relative() ? m_projectDir / written : written), m_probe);
         if (excluded(p)) continue;
         found.emplace_back(p, s);
       }
@@ -468,6 +488,8 @@ class Evaluator {
   fs::path m_projectFile;
   fs::path m_projectDir;
   const MSBuildOptions& m_options;
+  PathProbe* m_probe;              // never null
+  MSBuildFileCache* m_fileCache;   // never null
   MSBuildProperties m_props;
   bool m_sdkStyle = false;
   std::deque<SourceFile> m_files;
@@ -480,6 +502,14 @@ class Evaluator {
 
 }  // namespace
 
+std::shared_ptr<const pugi::xml_document> MSBuildFileCache::Read(const std::filesystem::path& path) {
+  auto it = m_documents.find(path.native());
+  if (it != m_documents.end()) return it->second;
+  std::shared_ptr<const pugi::xml_document> doc = ReadDefinitionXml(path);
+  m_documents.emplace(path.native(), doc);
+  return doc;
+}
+
 std::string MSBuildItem::Metadata(std::string_view name) const {
   std::string key = LowerAscii(name);
   for (auto& [k, v] : metadata)
@@ -487,7 +517,13 @@ std::string MSBuildItem::Metadata(std::string_view name) const {
   return "";
 }
 
-MSBuildProject EvaluateMSBuildProject(const std::filesystem::path& projectFile, const MSBuildOptions& options) {
+MSBuildProject EvaluateMSBuildProject(const std::filesystem::path& projectFile, const MSBuildOptions& given) {
+  // The runs below share what they learn of the disk, with the load or among themselves.
+  PathProbe ownProbe;
+  MSBuildFileCache ownFiles;
+  MSBuildOptions options = given;
+  if (!options.probe) options.probe = &ownProbe;
+  if (!options.files) options.files = &ownFiles;
   auto run = [&](const std::string& targetFramework, const std::string& platform) {
     auto evaluator = std::make_unique<Evaluator>(projectFile, options, targetFramework, platform);
     evaluator->PropertyPass();

@@ -1,11 +1,16 @@
 #pragma once
 #include <filesystem>
+#include <memory>
 #include <string>
+#include <unordered_map>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include <pugixml.hpp>
+
 #include "platform/automation/MSBuildProperties.h"
+#include "platform/automation/PathProbe.h"
 
 namespace platform::automation {
 
@@ -28,6 +33,20 @@ struct MSBuildProject {
   std::vector<std::string> warnings;   // files that were to be imported but could not be read
 };
 
+/// The files evaluations read (project files, imports), kept parsed for the length of one
+/// load, so that what every project of a solution imports (Directory.Build.props, shared
+/// props and targets) is read and parsed once. Like PathProbe, it sees the files as they
+/// were when first read; not thread-safe.
+class MSBuildFileCache {
+ public:
+  /// The XML document of the file at `path` (absolute, normalized). Fails as
+  /// ReadDefinitionXml does; failures are not kept.
+  std::shared_ptr<const pugi::xml_document> Read(const std::filesystem::path& path);
+
+ private:
+  std::unordered_map<std::string, std::shared_ptr<const pugi::xml_document>> m_documents;
+};
+
 /// How to evaluate a project.
 struct MSBuildOptions {
   /// Properties the project cannot change (Configuration, Platform, ...).
@@ -43,11 +62,18 @@ struct MSBuildOptions {
   /// The solution the project was loaded from; "" for none. Gives SolutionDir and the
   /// other solution properties the environment defines.
   std::filesystem::path solutionPath;
+  /// The probe of the load the project is part of, so that the projects of a solution
+  /// share what is known about their folders; none gives the evaluation one of its own.
+  PathProbe* probe = nullptr;
+  /// The file cache of the load; none gives the evaluation one of its own.
+  MSBuildFileCache* files = nullptr;
 };
 
 /// Evaluates the project file `projectFile` as the build system would for a design-time
 /// build: the nearest Directory.Build.props above it, the project, then the nearest
-/// Directory.Build.targets, following Import (relative paths, wildcards, property
+/// Directory.Build.targets (found and imported through the properties the build defines
+/// for them: _DirectoryBuildPropsFile, DirectoryBuildPropsPath, ImportDirectoryBuildProps
+/// and the same for targets), following Import (relative paths, wildcards, property
 /// functions), ImportGroup, Choose/When/Otherwise and every Condition; properties first
 /// in file order, then items (Include/Exclude/Remove/Update, wildcards, metadata as
 /// attributes or elements). SDK-style projects get the SDK's defaults: the compile items

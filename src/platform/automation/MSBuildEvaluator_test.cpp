@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/core/Error.h"
+#include "testsupport/ErrorOf.h"
 #include "testsupport/TempDir.h"
 
 namespace platform::automation {
@@ -157,6 +158,19 @@ TEST(MSBuildEvaluator, ProjectThatCannotBeEvaluatedFailsNamingIt) {
     EXPECT_EQ(e.description.rfind("'" + broken.string() + "' is not well-formed XML: line 3", 0), 0u) << e.description;
   }
   EXPECT_THROW(EvaluateMSBuildProject(dir.path() / "none.csproj", DebugAnyCpu()), Error);
+}
+
+TEST(MSBuildFileCache, ParsesAFileOnceAndKeepsNoFailures) {
+  testsupport::TempDir dir;
+  auto props = dir.Write("Directory.Build.props", "<Project><PropertyGroup><A>1</A></PropertyGroup></Project>");
+  MSBuildFileCache cache;
+  auto first = cache.Read(props);
+  EXPECT_EQ(cache.Read(props), first);
+  EXPECT_STREQ(first->document_element().name(), "Project");
+  auto broken = dir.path() / "broken.props";
+  EXPECT_EQ(testsupport::ErrorOf([&] { cache.Read(broken); }), 53);
+  dir.Write("broken.props", "<Project/>");
+  EXPECT_STREQ(cache.Read(broken)->document_element().name(), "Project");  // read once it exists
 }
 
 }  // namespace

@@ -96,9 +96,8 @@ std::optional<std::string> CallStatic(const std::string& type, const std::string
       std::string file = wantPath ? arg(0) : arg(1);
       std::string start = wantPath ? (a.size() > 1 ? arg(1) : scope.directory.string()) : arg(0);
       if (file.empty()) return std::string();
-      std::error_code ec;
       for (auto dir = FullPath(start.empty() ? "." : start, scope);; dir = dir.parent_path()) {
-        if (std::filesystem::exists(dir / Slashes(file), ec))
+        if (KindOfPath(scope.probe, dir / Slashes(file)) != PathProbe::Kind::Missing)
           return wantPath ? (dir / Slashes(file)).string() : dir.string();
         if (dir == dir.parent_path()) break;
       }
@@ -212,12 +211,10 @@ std::optional<std::string> CallStatic(const std::string& type, const std::string
     return std::nullopt;
   }
   if (t == "system.io.file" && n == "exists") {
-    std::error_code ec;
-    return Bool(!arg(0).empty() && std::filesystem::is_regular_file(FullPath(arg(0), scope), ec));
+    return Bool(!arg(0).empty() && KindOfPath(scope.probe, FullPath(arg(0), scope)) == PathProbe::Kind::File);
   }
   if (t == "system.io.directory" && n == "exists") {
-    std::error_code ec;
-    return Bool(!arg(0).empty() && std::filesystem::is_directory(FullPath(arg(0), scope), ec));
+    return Bool(!arg(0).empty() && KindOfPath(scope.probe, FullPath(arg(0), scope)) == PathProbe::Kind::Folder);
   }
   // Evaluation does not depend on the caller's environment: variables read as unset.
   if (t == "system.environment" && n == "getenvironmentvariable") return std::string();

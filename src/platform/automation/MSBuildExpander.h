@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/automation/MSBuildProperties.h"
+#include "platform/automation/PathProbe.h"
 
 namespace platform::automation {
 
@@ -20,6 +21,8 @@ struct MSBuildScope {
   std::function<std::string(std::string_view type)> items;
   /// The value of the metadata for "%(Name)"; without it "%(...)" stays as written.
   std::function<std::string(std::string_view name)> metadata;
+  /// Answers Exists() and the functions that look at the disk; none asks the disk.
+  PathProbe* probe = nullptr;
 };
 
 /// `text` with every "$(Name)" replaced by the property's value and every property

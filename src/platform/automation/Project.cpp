@@ -2,6 +2,8 @@
 
 #include "platform/automation/ProjectItems.h"
 
+#include <system_error>
+
 namespace platform::automation {
 
 Project::Project(std::string name, std::string kind, std::filesystem::path fullName,
@@ -15,6 +17,14 @@ Ref<ProjectItems> Project::ProjectItems() const {
     m_items = std::make_shared<automation::ProjectItems>(std::weak_ptr<Dispatch>(self), self);
   }
   return m_items;
+}
+
+bool Project::FullNameIsFolder() const {
+  if (m_fullNameIsFolder < 0) {
+    std::error_code ec;
+    m_fullNameIsFolder = !m_fullName.empty() && std::filesystem::is_directory(m_fullName, ec) ? 1 : 0;
+  }
+  return m_fullNameIsFolder == 1;
 }
 
 }  // namespace platform::automation

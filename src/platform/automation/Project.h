@@ -37,6 +37,9 @@ class Project : public Dispatch, public std::enable_shared_from_this<Project> {
   const codemodel::PreprocessorSymbols& symbols() const { return m_symbols; }
   void SetSymbols(codemodel::PreprocessorSymbols s) { m_symbols = std::move(s); }
   const std::filesystem::path& fullName() const { return m_fullName; }
+  /// Whether the full name is a folder (a web site, a project of one source file) rather
+  /// than a project file: its items are named relative to it. Asked of the disk once.
+  bool FullNameIsFolder() const;
   std::weak_ptr<DTE> dte() const { return m_dte; }
 
  private:
@@ -48,6 +51,7 @@ class Project : public Dispatch, public std::enable_shared_from_this<Project> {
   std::shared_ptr<Dispatch> m_object;
   std::weak_ptr<ProjectItem> m_parentItem;
   codemodel::PreprocessorSymbols m_symbols;
+  mutable int m_fullNameIsFolder = -1;  // -1 until asked
 };
 
 /// The object of a solution folder.

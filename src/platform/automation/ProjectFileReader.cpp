@@ -33,12 +33,15 @@ std::string NameFor(const fs::path& projectFile, const ProjectFileOptions& optio
   return options.name.empty() ? projectFile.stem().string() : options.name;
 }
 
-MSBuildOptions EvaluationOptions(const std::string& language, const fs::path& solutionPath) {
+MSBuildOptions EvaluationOptions(const std::string& language, const fs::path& solutionPath, PathProbe* probe,
+                                 MSBuildFileCache* files) {
   MSBuildOptions o;
   o.globalProperties = {{"Configuration", "Debug"}};
   o.defaultPlatform = "AnyCPU";
   o.sourceExtension = language == "VB" ? ".vb" : ".cs";
   o.solutionPath = solutionPath;
+  o.probe = probe;
+  o.files = files;
   return o;
 }
 
@@ -93,7 +96,9 @@ Ref<Project> ReadProjectFile(const fs::path& projectFile, const ProjectFileOptio
   const std::string language = ProjectFileLanguage(file);
   if (language.empty())
     throw Error(err::kInvalidCall, QuotedPath(file) + " is not a C# or Visual Basic project file");
-  MSBuildProject evaluated = EvaluateMSBuildProject(file, EvaluationOptions(language, options.solutionPath));
+  PathProbe ownProbe;
+  PathProbe* probe = options.probe ? options.probe : &ownProbe;
+  MSBuildProject evaluated = EvaluateMSBuildProject(file, EvaluationOptions(language, options.solutionPath, probe, options.files));
   for (auto& w : evaluated.warnings) warnings.push_back("project '" + NameFor(file, options) + "': " + w);
 
   std::string kind = IsLanguageKind(options.kind) ? options.kind : KindFor(language, evaluated.sdkStyle);
@@ -118,7 +123,7 @@ Ref<Project> ReadProjectFile(const fs::path& projectFile, const ProjectFileOptio
     entry.compiled = type == "compile";
     entries.push_back(std::move(entry));
   }
-  BuildProjectItems(project, entries, false, warnings);
+  BuildProjectItems(project, entries, false, warnings, probe);
   return project;
 }
 

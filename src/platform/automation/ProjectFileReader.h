@@ -5,11 +5,13 @@
 #include <vector>
 
 #include "platform/automation/LoadWarning.h"
+#include "platform/automation/PathProbe.h"
 #include "platform/core/Ref.h"
 
 namespace platform::automation {
 
 class DTE;
+class MSBuildFileCache;
 class Project;
 
 /// The language of a project file by its extension: "C#" (.csproj), "VB" (.vbproj), ""
@@ -26,6 +28,10 @@ struct ProjectFileOptions {
   /// The solution it belongs to ("" for none); gives the solution properties.
   std::filesystem::path solutionPath;
   std::weak_ptr<DTE> dte;
+  /// The probe of the load; none gives the project one of its own.
+  PathProbe* probe = nullptr;
+  /// The file cache of the load; none gives the project one of its own.
+  MSBuildFileCache* files = nullptr;
 };
 
 /// Reads the C# or VB project file `projectFile` into a Project: evaluated as
@@ -34,7 +40,7 @@ struct ProjectFileOptions {
 /// name none, so that their Debug configuration is the one read); its Compile, None, Content, EmbeddedResource, Page, ApplicationDefinition,
 /// Resource and Folder items become ProjectItems (Link names where a file is shown; a
 /// file outside the project folder without one is shown at the top; DependentUpon nests
-/// it), and its symbols are set for the language (CSharpSymbols or VbSymbols, with the
+/// it; only Compile items have a code model), and its symbols are set for the language (CSharpSymbols or VbSymbols, with the
 /// first target framework's symbols for SDK-style projects unless
 /// DisableImplicitFrameworkDefines is true). Warnings (missing files, imports that
 /// cannot be read) are added to `warnings`. Fails with platform::Error when the file

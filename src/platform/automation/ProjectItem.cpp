@@ -3,6 +3,7 @@
 #include "platform/automation/AutomationConstants.h"
 #include "platform/automation/DTE.h"
 #include "platform/automation/Document.h"
+#include "platform/automation/DocumentReadAhead.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectItems.h"
 #include "platform/automation/Window.h"
@@ -44,8 +45,16 @@ Ref<Document> ProjectItem::LoadDocument() const {
     symbols = project->symbols();
     dte = project->dte();
   }
-  auto doc = Document::Load(m_path, const_cast<ProjectItem*>(this), dte,
+  Ref<automation::Document> doc;
+  // What a walk's read-ahead has prepared for this item, if anything.
+  auto owner = dte.lock();
+  if (auto readAhead = owner ? owner->ReadAhead() : nullptr)
+    if (auto prepared = readAhead->Take(this))
+      doc = Document::Adopt(std::move(*prepared), const_cast<ProjectItem*>(this), dte,
                             codemodel::LanguageOfFile(m_name), std::move(symbols));
+  if (!doc)
+    doc = Document::Load(m_path, const_cast<ProjectItem*>(this), dte, codemodel::LanguageOfFile(m_name),
+                         std::move(symbols));
   m_document = doc;
   return doc;
 }
@@ -73,7 +82,7 @@ Ref<Document> ProjectItem::Document() const {
 }
 
 Ref<automation::FileCodeModel> ProjectItem::FileCodeModel() const {
-  if (m_kind != vsProjectItemKindPhysicalFile || codemodel::LanguageOfFile(m_name).empty())
+  if (m_kind != vsProjectItemKindPhysicalFile || !m_compiled || codemodel::LanguageOfFile(m_name).empty())
     return nullptr;
   return LoadDocument()->CodeModel();
 }

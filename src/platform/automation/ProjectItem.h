@@ -40,8 +40,10 @@ class ProjectItem : public Dispatch, public std::enable_shared_from_this<Project
   Ref<Window> Open(const std::string& viewKind);
   /// The open document; none when the item is not open.
   Ref<automation::Document> Document() const;
-  /// The code model of a C# or VB file (parsed on first use, kept while anything holds
-  /// the document); none for other items. Fails with 53/75 when the file cannot be read.
+  /// The code model of a C# or VB file that the project compiles (parsed on first use,
+  /// kept while anything holds the document); none for other items, and for sources the
+  /// project only carries (None, Content, ... items). Fails with 53/75 when the file
+  /// cannot be read.
   Ref<automation::FileCodeModel> FileCodeModel() const;
   /// The item's automation object: for web-site items one that offers the web-site
   /// project-item interface, else a plain item object.
@@ -54,6 +56,9 @@ class ProjectItem : public Dispatch, public std::enable_shared_from_this<Project
   void SetSubProject(Ref<Project> project) { m_subProject = std::move(project); }
   void SetCollection(const std::shared_ptr<automation::ProjectItems>& c) { m_collection = c; }
   void SetWebItem(bool web) { m_webItem = web; }
+  /// Whether the project compiles the file (a Compile item; every source of a web site).
+  bool Compiled() const { return m_compiled; }
+  void SetCompiled(bool compiled) { m_compiled = compiled; }
   /// The item's document, open or not: the one in memory, or read from disk.
   Ref<automation::Document> LoadDocument() const;
 
@@ -65,6 +70,7 @@ class ProjectItem : public Dispatch, public std::enable_shared_from_this<Project
   mutable std::shared_ptr<automation::ProjectItems> m_children;
   Ref<Project> m_subProject;
   bool m_webItem = false;
+  bool m_compiled = true;
   mutable std::weak_ptr<automation::Document> m_document;
 };
 

@@ -22,7 +22,6 @@ struct Node {
   bool attached = false;
   std::string dependentUpon;  // as written
   std::string displayPath;
-  bool compiled = false;
 };
 
 std::string DirOf(const std::string& displayPath) {
@@ -39,8 +38,7 @@ class TreeBuilder {
  public:
   TreeBuilder(const Ref<Project>& project, bool web) : m_project(project), m_web(web) {
     m_projectDir = NormalizedAbsolute(project->fullName()).parent_path();
-    std::error_code ec;
-    if (std::filesystem::is_directory(project->fullName(), ec)) m_projectDir = NormalizedAbsolute(project->fullName());
+    if (project->FullNameIsFolder()) m_projectDir = NormalizedAbsolute(project->fullName());
   }
 
   void Add(const ProjectEntry& entry) {
@@ -51,12 +49,15 @@ class TreeBuilder {
       return;
     }
     std::string key = LowerAscii(display);
-    if (m_files.count(key)) return;
+    if (auto known = m_files.find(key); known != m_files.end()) {
+      if (entry.compiled) m_nodes[known->second].item->SetCompiled(true);
+      return;
+    }
     Node node;
     node.folder = EnsureFolder(DirOf(display), {});
     node.item = std::make_shared<ProjectItem>(NameOf(display), vsProjectItemKindPhysicalFile, entry.fullPath);
+    node.item->SetCompiled(entry.compiled);
     node.dependentUpon = entry.dependentUpon;
-    node.compiled = entry.compiled;
     node.displayPath = display;
     m_files.emplace(key, m_nodes.size());
     m_nodes.push_back(std::move(node));
@@ -114,14 +115,13 @@ class TreeBuilder {
     }
   }
 
-  void WarnMissing(std::vector<LoadWarning>& warnings) const {
-    std::error_code ec;
+  void WarnMissing(std::vector<LoadWarning>& warnings, PathProbe* probe) const {
     for (auto& n : m_nodes) {
       if (n.item->Kind() != vsProjectItemKindPhysicalFile) continue;
-      if (!std::filesystem::exists(n.item->path(), ec))
+      if (KindOfPath(probe, n.item->path()) == PathProbe::Kind::Missing)
         warnings.emplace_back("project '" + m_project->Name() + "': file '" + n.item->path().string() +
                                   "' does not exist",
-                              n.compiled ? LoadWarning::Kind::MissingSource : LoadWarning::Kind::Other);
+                              n.item->Compiled() ? LoadWarning::Kind::MissingSource : LoadWarning::Kind::Other);
     }
   }
 
@@ -180,12 +180,12 @@ std::string NormalizeDisplayPath(const std::string& path) {
 }
 
 void BuildProjectItems(const Ref<Project>& project, const std::vector<ProjectEntry>& entries, bool webItems,
-                       std::vector<LoadWarning>& warnings) {
+                       std::vector<LoadWarning>& warnings, PathProbe* probe) {
   TreeBuilder builder(project, webItems);
   for (auto& entry : entries) builder.Add(entry);
   builder.ResolveDependencies();
   builder.Attach();
-  builder.WarnMissing(warnings);
+  builder.WarnMissing(warnings, probe);
   project->ProjectItems()->SortByName();
 }
 

@@ -8,6 +8,7 @@
 #include "platform/automation/DTE.h"
 #include "platform/automation/DefinitionText.h"
 #include "platform/automation/FileGlob.h"
+#include "platform/automation/MSBuildEvaluator.h"
 #include "platform/automation/Project.h"
 #include "platform/automation/ProjectFileReader.h"
 #include "platform/automation/ProjectItem.h"
@@ -37,12 +38,12 @@ std::string CanonicalKind(const std::string& kind) {
 }
 
 // The file a solution names, found in any letter case.
-fs::path Resolve(const std::string& written, const fs::path& baseDir) {
+fs::path Resolve(const std::string& written, const fs::path& baseDir, PathProbe& probe) {
   std::string s = written;
   std::replace(s.begin(), s.end(), '\\', '/');
   fs::path p(s);
   PathCaseResolver resolver;
-  return resolver.Resolve(NormalizedAbsolute(p.is_relative() ? baseDir / p : p));
+  return resolver.Resolve(NormalizedAbsolute(p.is_relative() ? baseDir / p : p), &probe);
 }
 
 Ref<Project> MakeFolder(const std::string& name, const std::weak_ptr<DTE>& dte) {
@@ -54,8 +55,10 @@ Ref<Project> MakeFolder(const std::string& name, const std::weak_ptr<DTE>& dte) 
 // Reads a C# or VB project file; one that cannot be read stays without items.
 Ref<Project> LoadProject(const fs::path& file, const std::string& name, const std::string& kind,
                          const fs::path& solutionPath, const std::weak_ptr<DTE>& dte,
-                         std::vector<LoadWarning>& warnings) {
+                         std::vector<LoadWarning>& warnings, PathProbe& probe, MSBuildFileCache& files) {
   ProjectFileOptions options;
+  options.probe = &probe;
+  options.files = &files;
   options.name = name;
   options.kind = kind;
   options.solutionPath = solutionPath;
@@ -71,35 +74,37 @@ Ref<Project> LoadProject(const fs::path& file, const std::string& name, const st
 }
 
 Ref<Project> LoadEntry(const SolutionEntry& entry, const fs::path& slnPath, const std::weak_ptr<DTE>& dte,
-                       std::vector<LoadWarning>& warnings) {
+                       std::vector<LoadWarning>& warnings, PathProbe& probe, MSBuildFileCache& files) {
   if (entry.folder) return MakeFolder(entry.name, dte);
   const fs::path slnDir = slnPath.parent_path();
   const std::string kind = CanonicalKind(entry.typeGuid);
   const bool url = entry.path.find("://") != std::string::npos;
-  const fs::path path = url ? fs::path(entry.path) : Resolve(entry.path, slnDir);
-  std::error_code ec;
+  const fs::path path = url ? fs::path(entry.path) : Resolve(entry.path, slnDir, probe);
   // A web site names its folder; so may an entry of a .slnx that gives no type.
-  if (kind == kProjectKindWebSite || (kind.empty() && !url && !entry.path.empty() && fs::is_directory(path, ec))) {
-    if (url || !fs::is_directory(path, ec)) {
+  if (kind == kProjectKindWebSite || (kind.empty() && !url && !entry.path.empty() && probe.IsFolder(path))) {
+    if (url || !probe.IsFolder(path)) {
       warnings.emplace_back("web site '" + entry.name + "' cannot be read: " + QuotedPath(path) + " is not a folder",
                             LoadWarning::Kind::UnreadProject);
       auto site = std::make_shared<Project>(entry.name, kProjectKindWebSite, path, dte);
       site->SetObject(std::make_shared<WebSiteProject>());
       return site;
     }
-    return ReadWebSite(path, entry.name, dte, warnings);
+    return ReadWebSite(path, entry.name, dte, warnings, &probe);
   }
   if (ProjectFileLanguage(path).empty()) {
     // A project of another language: part of the solution, but nothing here to walk.
     return std::make_shared<Project>(entry.name, kind.empty() ? std::string("{00000000-0000-0000-0000-000000000000}") : kind,
                                      path, dte);
   }
-  return LoadProject(path, entry.name, kind, slnPath, dte, warnings);
+  return LoadProject(path, entry.name, kind, slnPath, dte, warnings, probe, files);
 }
 
 // Builds the solution from the entries of a solution file.
 void BuildSolution(const SolutionDescription& description, const fs::path& slnPath, const Ref<DTE>& dte,
                    std::vector<LoadWarning>& warnings) {
+  // What the load learns about the files on disk, shared by all its projects.
+  PathProbe probe;
+  MSBuildFileCache files;
   auto solution = dte->Solution();
   const auto& entries = description.entries;
   warnings.insert(warnings.end(), description.warnings.begin(), description.warnings.end());
@@ -107,7 +112,7 @@ void BuildSolution(const SolutionDescription& description, const fs::path& slnPa
   projects.reserve(entries.size());
   std::unordered_map<std::string, size_t> byId;
   for (size_t i = 0; i < entries.size(); ++i) {
-    projects.push_back(LoadEntry(entries[i], slnPath, dte, warnings));
+    projects.push_back(LoadEntry(entries[i], slnPath, dte, warnings, probe, files));
     byId.emplace(LowerAscii(entries[i].id), i);
   }
   // Where each entry goes: its folder, or the top when the folder is unknown, not a
@@ -146,14 +151,13 @@ void BuildSolution(const SolutionDescription& description, const fs::path& slnPa
       projects[parentOf[i]]->ProjectItems()->Add(holder);
     }
   }
-  std::error_code ec;
   for (size_t i = 0; i < entries.size(); ++i) {
     if (!entries[i].folder) continue;
     for (auto& written : entries[i].files) {
-      fs::path file = Resolve(written, slnPath.parent_path());
+      fs::path file = Resolve(written, slnPath.parent_path(), probe);
       auto item = std::make_shared<ProjectItem>(file.filename().string(), vsProjectItemKindPhysicalFile, file);
       projects[i]->ProjectItems()->Add(item);
-      if (!fs::exists(file, ec))
+      if (!probe.Exists(file))
         warnings.push_back("solution folder '" + entries[i].name + "': file " + QuotedPath(file) + " does not exist");
     }
     projects[i]->ProjectItems()->SortByName();
@@ -236,16 +240,19 @@ LoadResult OpenFolder(const fs::path& folder) {
   }
   LoadResult result = NewResult(folder);
   result.warnings = std::move(warnings);
+  PathProbe probe;
+  MSBuildFileCache files;
   if (!projectFiles.empty()) {
     for (auto& file : projectFiles)
-      result.dte->Solution()->Projects()->Add(LoadProject(file, "", "", fs::path(), result.dte, result.warnings));
+      result.dte->Solution()->Projects()->Add(
+          LoadProject(file, "", "", fs::path(), result.dte, result.warnings, probe, files));
     return result;
   }
-  if (SourceFilesBelow(folder).empty())
+  if (SourceFilesBelow(folder, &probe).empty())
     throw Error(err::kInvalidCall, QuotedPath(folder) + " holds no solution, project or C#/VB source file");
   std::string name = folder.filename().string();
   if (name.empty()) name = folder.string();
-  result.dte->Solution()->Projects()->Add(ReadWebSite(folder, name, result.dte, result.warnings));
+  result.dte->Solution()->Projects()->Add(ReadWebSite(folder, name, result.dte, result.warnings, &probe));
   return result;
 }
 

@@ -61,6 +61,8 @@ std::string TextBuffer::GetLines(int start, int endExclusive) const {
   std::string out;
   start = std::max(start, 1);
   endExclusive = std::min(endExclusive, LineCount() + 1);
+  if (start < endExclusive)
+    out.reserve(m_lineEnds[endExclusive - 2] - m_lineStarts[start - 1] + 2 * (endExclusive - start));
   for (int l = start; l < endExclusive; ++l) {
     if (l > start) out += "\r\n";
     out += Line(l);
@@ -71,18 +73,20 @@ std::string TextBuffer::GetLines(int start, int endExclusive) const {
 std::string TextBuffer::GetText(uint32_t from, uint32_t to) const {
   if (from > to) std::swap(from, to);
   to = std::min<uint32_t>(to, static_cast<uint32_t>(m_text.size()));
+  from = std::min(from, to);
   std::string out;
   out.reserve(to - from + 16);
-  for (uint32_t i = from; i < to; ++i) {
-    char c = m_text[i];
-    if (c == '\r') {
-      out += "\r\n";
-      if (i + 1 < to && m_text[i + 1] == '\n') ++i;
-    } else if (c == '\n') {
-      out += "\r\n";
-    } else {
-      out += c;
-    }
+  // Runs between line breaks are copied whole; each break becomes CRLF.
+  const char* p = m_text.data() + from;
+  const char* const end = m_text.data() + to;
+  while (p < end) {
+    const char* brk = p;
+    while (brk < end && *brk != '\r' && *brk != '\n') ++brk;
+    out.append(p, static_cast<size_t>(brk - p));
+    if (brk == end) break;
+    out += "\r\n";
+    p = brk + 1;
+    if (*brk == '\r' && p < end && *p == '\n') ++p;
   }
   return out;
 }

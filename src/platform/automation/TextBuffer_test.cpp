@@ -4,6 +4,7 @@
 
 #include "platform/automation/FileDecoder.h"
 
+using platform::automation::DecodeOwnedText;
 using platform::automation::DecodeText;
 using platform::automation::TextBuffer;
 
@@ -15,6 +16,11 @@ TEST(TextBuffer, AnyLineBreakEndsALineAndTextsJoinWithCrlf) {
   EXPECT_EQ(t.GetLines(1, 4), "a\r\nbb\r\ncc");
   EXPECT_EQ(t.GetText(0, 10), "a\r\nbb\r\ncc\r\nd");
   EXPECT_EQ(t.LineOfOffset(3), 2);  // the 'b' after CRLF
+  // Ranges that cut a CRLF in two, or end on a break.
+  EXPECT_EQ(t.GetText(2, 5), "\r\nbb");   // from the LF of "a\r\n"
+  EXPECT_EQ(t.GetText(1, 2), "\r\n");     // the CR alone
+  EXPECT_EQ(t.GetText(9, 5), "\r\ncc\r\n");  // either order; CR and LF breaks
+  EXPECT_EQ(t.GetText(20, 30), "");
   EXPECT_EQ(t.Line(0), "");
   EXPECT_EQ(t.Line(5), "");
 }
@@ -31,6 +37,15 @@ TEST(TextBuffer, CharacterOffsetsCountCodePointsNotBytes) {
   uint32_t x = static_cast<uint32_t>(t.Text().find('x'));
   EXPECT_EQ(t.CharOffsetOf(x), 5);
   EXPECT_EQ(t.OffsetOf(1, 5), x);
+}
+
+TEST(FileDecoder, OwnedBytesDecodeAsViewedBytesDo) {
+  for (std::string bytes : {std::string("plain ascii text, long enough to pass eight bytes at a time"),
+                            std::string("\xEF\xBB\xBF\xC3\xA9t\xC3\xA9"), std::string("caf\xE9 au lait"),
+                            std::string("\xFF\xFEh\0i\0", 6), std::string("x\xC3"), std::string()}) {
+    std::string copy = bytes;
+    EXPECT_EQ(DecodeOwnedText(std::move(copy)), DecodeText(bytes));
+  }
 }
 
 TEST(FileDecoder, ByteOrderMarksDecideAndElseUtf8OrWindows1252) {

@@ -10,25 +10,25 @@
 
 namespace platform::automation {
 
-std::vector<std::filesystem::path> SourceFilesBelow(const std::filesystem::path& folder) {
+std::vector<std::filesystem::path> SourceFilesBelow(const std::filesystem::path& folder, PathProbe* probe) {
   std::vector<PathPattern> excludes;
   for (const char* e : {"bin/**", "obj/**", "node_modules/**", "**/.*/**"}) excludes.emplace_back(e, folder);
-  auto files = PathPattern("**/*.cs", folder).Expand(excludes);
-  auto vb = PathPattern("**/*.vb", folder).Expand(excludes);
+  auto files = PathPattern("**/*.cs", folder).Expand(excludes, probe);
+  auto vb = PathPattern("**/*.vb", folder).Expand(excludes, probe);
   files.insert(files.end(), vb.begin(), vb.end());
   std::sort(files.begin(), files.end());
   return files;
 }
 
 Ref<Project> ReadWebSite(const std::filesystem::path& folder, const std::string& name, const std::weak_ptr<DTE>& dte,
-                         std::vector<LoadWarning>& warnings) {
+                         std::vector<LoadWarning>& warnings, PathProbe* probe) {
   const auto dir = NormalizedAbsolute(folder);
   auto project = std::make_shared<Project>(name, kProjectKindWebSite, dir, dte);
   project->SetObject(std::make_shared<WebSiteProject>());
   std::vector<ProjectEntry> entries;
   size_t vbFiles = 0;
   const std::string prefix = dir.generic_string() + "/";
-  for (auto& file : SourceFilesBelow(dir)) {
+  for (auto& file : SourceFilesBelow(dir, probe)) {
     ProjectEntry entry;
     entry.fullPath = file;
     entry.compiled = true;  // a web site compiles every source below its folder
@@ -38,7 +38,7 @@ Ref<Project> ReadWebSite(const std::filesystem::path& folder, const std::string&
     entries.push_back(std::move(entry));
   }
   project->SetSymbols(vbFiles * 2 > entries.size() ? VbSymbols("", "Debug", "AnyCPU", "", {}) : CSharpSymbols("", {}));
-  BuildProjectItems(project, entries, true, warnings);
+  BuildProjectItems(project, entries, true, warnings, probe);
   return project;
 }
 

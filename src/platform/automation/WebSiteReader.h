@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/automation/LoadWarning.h"
+#include "platform/automation/PathProbe.h"
 #include "platform/core/Ref.h"
 
 namespace platform::automation {
@@ -14,13 +15,15 @@ class Project;
 
 /// The C# and VB source files below `folder` (any letter case of ".cs"/".vb"), minus
 /// bin/, obj/, node_modules/ at the top and hidden folders anywhere, sorted by path.
-std::vector<std::filesystem::path> SourceFilesBelow(const std::filesystem::path& folder);
+/// `probe`, if any, learns what the listing shows.
+std::vector<std::filesystem::path> SourceFilesBelow(const std::filesystem::path& folder, PathProbe* probe = nullptr);
 
 /// The folder `folder` as a web-site project named `name` (kind web site, Object a
 /// WebSiteProject): its source files (SourceFilesBelow) as web items in their folders.
 /// Its symbols are those of the language most of its files are in (C# when even).
-/// Missing folders give a project without items; this never throws.
+/// Missing folders give a project without items; this never throws. `probe` as for
+/// BuildProjectItems.
 Ref<Project> ReadWebSite(const std::filesystem::path& folder, const std::string& name, const std::weak_ptr<DTE>& dte,
-                         std::vector<LoadWarning>& warnings);
+                         std::vector<LoadWarning>& warnings, PathProbe* probe = nullptr);
 
 }  // namespace platform::automation

@@ -21,6 +21,9 @@ class DeclarationTree {
 
   /// The text the declarations' offsets refer to.
   std::string_view Text() const { return m_text; }
+  /// Points the tree at `text`, which must hold the same characters as Text(): the
+  /// owner of the text moved it (the declarations keep offsets, not pointers into it).
+  void Rebind(std::string_view text) { m_text = text; }
   /// The top-level declarations, in source order.
   const std::vector<Declaration*>& TopLevel() const { return m_topLevel; }
   /// The number of declarations, attributes included.

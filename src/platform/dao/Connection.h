@@ -18,6 +18,8 @@ namespace platform::dao {
 /// checked before it is used. Shared by the Database that opened it and the recordsets
 /// made from it; closing it finalizes every statement, so later use fails with 3420.
 ///
+/// A connection and what is made from it belong to one thread at a time.
+///
 /// Recordsets write inside an implicit transaction that is committed at the latest
 /// 50 ms after it began, and whenever any other operation needs the file (the way the
 /// engine behind DAO batches its writes), so appending rows one by one costs about as
@@ -58,16 +60,31 @@ class Connection {
   /// commit (the transaction is then rolled back).
   void FlushImplicit();
 
-  /// Trades durability for speed: no sync to disk and the rollback journal in memory.
-  /// For scratch files whose content need not survive a crash.
+  /// Trades durability and sharing for speed, for a scratch file of this process whose
+  /// content need not survive a crash: no sync to disk, the rollback journal in memory,
+  /// and the file locked once and kept locked (exclusive locking mode), so that no
+  /// statement takes and drops file locks, probes for a journal or reads the file's
+  /// header again, with a page cache of kScratchCacheKiB. Another connection that needs
+  /// the file asks for it through FlushFile; the lock is taken again on the next use.
   void FavourSpeed();
   bool FavoursSpeed() const { return m_fast; }
+
+  /// Takes the exclusive lock back after FlushFile gave it up. Cheap when there is
+  /// nothing to do; every statement of the connection calls it before it runs.
+  void Reclaim() {
+    if (m_yielded) ReclaimLock();
+  }
+
+  /// The page cache of a connection that favours speed: what a large analysis writes,
+  /// with room to spare, yet bounded.
+  static constexpr int kScratchCacheKiB = 16384;
 
   /// Commits pending writes and closes the file. Never throws; closing twice is allowed.
   void Close();
 
-  /// Commits the implicit transactions of every open connection to the file at `path`,
-  /// so that another connection can write it. Failures are ignored.
+  /// Commits the implicit transactions of every open connection to the file at `path`
+  /// and gives up the exclusive lock of those that favour speed, so that another
+  /// connection can read and write it. Failures are ignored.
   static void FlushFile(const std::string& path);
 
   // Bookkeeping of statements, for Statement only.
@@ -77,11 +94,15 @@ class Connection {
  private:
   Connection(std::string path, bool readOnly) : m_path(std::move(path)), m_readOnly(readOnly) {}
   void Configure();
+  void YieldLock();
+  void ReclaimLock();
 
   sqlite3* m_db = nullptr;
   std::string m_path;
   bool m_readOnly;
   bool m_fast = false;
+  // The exclusive lock was given up for another connection and is to be taken again.
+  bool m_yielded = false;
   bool m_implicit = false;
   std::chrono::steady_clock::time_point m_implicitSince;
   std::unordered_set<Statement*> m_statements;

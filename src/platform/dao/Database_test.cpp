@@ -4,6 +4,7 @@
 
 #include "testsupport/DaoFixture.h"
 #include "testsupport/ErrorOf.h"
+#include "testsupport/RawSqlite.h"
 
 using namespace platform::dao;
 using platform::Error;
@@ -172,4 +173,35 @@ TEST_F(DatabaseTest, AnotherConnectionCanWriteWhileARecordsetHasRowsPending) {
   rs->Update();
   rs->Close();
   EXPECT_EQ(db->OpenRecordset("XMLAnalyzer1", dbOpenSnapshot)->RecordCount(), 4);
+}
+
+TEST_F(DatabaseTest, AScratchFileStaysLockedByItsConnectionUntilAnotherConnectionAsksForIt) {
+  AddRows(*db, "XMLAnalyzer1", 2);
+  const std::string count = "SELECT count(*) FROM XMLAnalyzer1";
+  // Held for the whole time it is open, not statement by statement: others cannot read.
+  EXPECT_EQ(testsupport::RawText(db->Name(), count), "");
+
+  std::string file = (dir.path() / "saved.xmm").string();
+  auto saved = ws.CreateDatabase(file, dbLangGeneral, dbVersion30);
+  MakeTable(*saved, "XMLAnalyzer");
+  AddRows(*saved, "XMLAnalyzer", 3);
+  saved->Execute("INSERT INTO XMLAnalyzer1 IN \"" + db->Name() + "\" SELECT Flag, Problem FROM XMLAnalyzer;",
+                 dbFailOnError);
+  EXPECT_EQ(saved->RecordsAffected(), 3);
+  saved->Close();
+
+  // The owner sees what the other connection wrote, and locks the file again.
+  auto rs = db->OpenRecordset("XMLAnalyzer1", dbOpenDynaset);
+  EXPECT_EQ(rs->RecordCount(), 5);
+  rs->MoveLast();
+  EXPECT_EQ(rs->Fields("Problem")->Value(), Variant("problem 2"));
+  rs->AddNew();
+  rs->Fields("Problem")->SetValue("after");
+  rs->Update();
+  rs->Close();
+  EXPECT_EQ(testsupport::RawText(db->Name(), count), "");
+
+  std::string name = db->Name();
+  db->Close();
+  EXPECT_EQ(testsupport::RawText(name, count), "6");
 }

@@ -167,7 +167,12 @@ void Recordset::Update() {
       ++n;
     }
     if (n > 0) {
-      Statement update(*m_connection, sql + " WHERE rowid=?" + std::to_string(m_fieldList.size() + 1));
+      // Kept by the connection: a grid that marks row after row reuses it.
+      Statement& update = m_connection->Cached(sql + " WHERE rowid=?" + std::to_string(m_fieldList.size() + 1));
+      struct ResetAfter {
+        Statement& statement;
+        ~ResetAfter() { statement.Reset(); }
+      } resetAfter{update};
       for (size_t i = 0; i < m_fieldList.size(); ++i)
         if (m_dirty[i]) update.Bind(static_cast<int>(i) + 1, m_edit[i]);
       update.BindInt64(static_cast<int>(m_fieldList.size()) + 1, m_keys[static_cast<size_t>(m_position)]);
@@ -186,7 +191,13 @@ void Recordset::LoadCurrent() {
   if (m_nowhere || m_position < 0 || m_position >= static_cast<int64_t>(m_keys.size()))
     throw Error(err::kNoCurrentRecord);
   if (m_currentLoaded) return;
-  m_select->Reset();
+  // The statement is reset after every use (a failed step resets it too), so it is ready.
+  // Reset at once after the read: a statement left in the middle of a read would keep
+  // the file locked.
+  struct ResetAfter {
+    Statement& statement;
+    ~ResetAfter() { statement.Reset(); }
+  } resetAfter{*m_select};
   m_select->BindInt64(1, m_keys[static_cast<size_t>(m_position)]);
   bool found = m_select->Step();
   if (found)
@@ -197,8 +208,6 @@ void Recordset::LoadCurrent() {
         value = Variant(ToDouble(value) != 0);
       m_current[i] = std::move(value);
     }
-  // Reset at once: a statement left in the middle of a read would keep the file locked.
-  m_select->Reset();
   if (!found) throw Error(err::kRecordDeleted);
   m_currentLoaded = true;
 }

@@ -40,6 +40,7 @@ sqlite3_stmt* Statement::get() const {
 
 bool Statement::Step() {
   sqlite3_stmt* stmt = get();
+  m_connection->Reclaim();
   int rc = sqlite3_step(stmt);
   if (rc == SQLITE_ROW) return true;
   if (rc == SQLITE_DONE) return false;

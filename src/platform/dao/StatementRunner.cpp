@@ -45,10 +45,11 @@ std::string StatementRunner::SchemaOf(const SqlStatement::Table& table) {
   for (auto& attached : m_attached)
     if (attached.first == path) return attached.second;
 
-  // The same checks as opening the file: it must exist and be a database; then what
-  // this process still holds of it is committed, so that this connection can write it.
-  Connection::Open(path, false, false)->Close();
+  // What this process still holds of the file is committed and its lock given up, so
+  // that this connection can read and write it; then the same checks as opening it: it
+  // must exist and be a database.
   Connection::FlushFile(path);
+  Connection::Open(path, false, false)->Close();
   std::string schema = "ext" + std::to_string(m_attached.size() + 1);
   {
     Statement attach(m_connection, "ATTACH DATABASE ?1 AS " + Catalog::Quote(schema));

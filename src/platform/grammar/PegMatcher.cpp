@@ -36,10 +36,13 @@ bool PegMatcher::Run(int32_t startRule, int32_t abortAt) {
   m_nodes.clear();
   m_lists.clear();
   m_stack.clear();
+  // The index is cleared where the last run wrote it, not whole: most parses are of
+  // small texts after a large one, and most cells of a run stay empty.
+  for (const Memo& m : m_memos) m_memoIndex[static_cast<size_t>(m.cell)] = -1;
   m_memos.clear();
   size_t cells = static_cast<size_t>(m_n + 1) * static_cast<size_t>(m_g.memoisedRules);
-  if (cells <= kMaxMemoCells) m_memoIndex.assign(cells, -1);
-  else m_memoIndex.clear();  // too large to keep: the budget still bounds the time
+  m_memoise = cells <= kMaxMemoCells;  // too large to keep: the budget still bounds the time
+  if (m_memoise && m_memoIndex.size() < cells) m_memoIndex.resize(cells, -1);
   m_capStart = m_capEnd = -1;
   m_depth = 0;
   m_predicates = 0;
@@ -72,16 +75,17 @@ inline int32_t PegMatcher::Consumed(int32_t end) {
 }
 
 const PegMatcher::Memo* PegMatcher::Find(const Rule& rule, int32_t pos) const {
-  if (m_memoIndex.empty()) return nullptr;
+  if (!m_memoise) return nullptr;
   int32_t i = m_memoIndex[static_cast<size_t>(pos) * m_g.memoisedRules + rule.memoSlot];
   return i >= 0 ? &m_memos[i] : nullptr;
 }
 
 PegMatcher::Memo* PegMatcher::Insert(const Rule& rule, int32_t pos) {
-  if (m_memoIndex.empty()) return nullptr;
-  m_memoIndex[static_cast<size_t>(pos) * m_g.memoisedRules + rule.memoSlot] =
-      static_cast<int32_t>(m_memos.size());
+  if (!m_memoise) return nullptr;
+  size_t cell = static_cast<size_t>(pos) * m_g.memoisedRules + rule.memoSlot;
+  m_memoIndex[cell] = static_cast<int32_t>(m_memos.size());
   m_memos.emplace_back();
+  m_memos.back().cell = static_cast<int32_t>(cell);
   return &m_memos.back();
 }
 

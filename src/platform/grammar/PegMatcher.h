@@ -48,6 +48,7 @@ class PegMatcher {
     int32_t off = 0;    // the nodes it left for its caller: m_lists[off .. off + count)
     int32_t count = 0;
     int32_t capStart = -1, capEnd = -1;
+    int32_t cell = 0;  // its place in m_memoIndex
   };
 
   bool Run(int32_t startRule, int32_t abortAt);
@@ -74,8 +75,10 @@ class PegMatcher {
   std::vector<std::pair<int32_t, int32_t>> m_todo;  // Build: (work node, parent id)
   // Memo entries by position and memoised rule: m_memoIndex[pos * rules + slot] is the
   // entry's index in m_memos, -1 for none. Kept by position, so that look-ups near the
-  // position being matched stay in the cache.
+  // position being matched stay in the cache. It keeps the size of the largest text so
+  // far, every cell -1 between runs.
   std::vector<int32_t> m_memoIndex;
+  bool m_memoise = false;  // this run memoises (its text is not too large)
   std::vector<Memo> m_memos;
 
   int32_t m_capStart = -1, m_capEnd = -1;  // the `< >` text of the rule being evaluated

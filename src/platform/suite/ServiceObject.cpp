@@ -45,9 +45,7 @@ std::string ServiceObject::ItemDisplayName(const Ref<automation::ProjectItem>& i
   if (!project || project->fullName().empty()) return item->Name();
   // A project file's items are named relative to its folder. A web site, and a project
   // made of a single source file, have no project file: their full name is the folder.
-  std::error_code ec;
-  const fs::path base = fs::is_directory(project->fullName(), ec) ? project->fullName()
-                                                                   : project->fullName().parent_path();
+  const fs::path base = project->FullNameIsFolder() ? project->fullName() : project->fullName().parent_path();
   auto relative = fs::path(item->path()).lexically_relative(base);
   if (relative.empty() || *relative.begin() == "..") return item->Name();
   return relative.generic_string();

@@ -1,0 +1,5 @@
+namespace Fixtures.Tests.Models
+{
+    /// <summary>An order.</summary>
+    public partial class Order { }
+}
