@@ -13,6 +13,7 @@
 #include "platform/suite/ResultFileDialog.h"
 #include "platform/suite/SettingsStore.h"
 #include "testsupport/RawSqlite.h"
+#include "testsupport/XlrdReadBack.h"
 
 using namespace annotra;
 using namespace pane_test;
@@ -300,5 +301,46 @@ TEST_F(ResultFilesTest, NothingInAHostileFileRuns) {
   window->LoadFile();
   ASSERT_EQ(boxes->shown.size(), 1u);
   EXPECT_EQ(boxes->shown[0].prompt, "Unable to load the file\r\n" + cut.string() + kLoadError);
+  EXPECT_TRUE(report->entries.empty());
+}
+
+TEST_F(ResultFilesTest, ASpreadsheetNameExportsTheVisibleColumnsInTheirOrder) {
+  auto& doc = Open();
+  auto& grid = doc.GridEx1;
+  grid.Column("Path")->Visible = false;
+  grid.Column("Problem")->SetPosition(0);  // first on screen
+  const std::string columns = doc.GetGridVisibleColumns();
+  ASSERT_EQ(columns.substr(0, 11), "[Problem], ");
+  ASSERT_EQ(columns.find("[Path]"), std::string::npos);
+  ASSERT_EQ(columns.find("[ID]"), std::string::npos);
+
+  const fs::path sheet = dir.path() / "Findings.XLS";
+  dir.Write("Findings.XLS", "an older export");
+  files->overwrite = true;
+  files->Answer(sheet.string());
+  window->SaveFile();
+  EXPECT_TRUE(boxes->shown.empty());
+  EXPECT_FALSE(fs::exists(dir.path() / "Findings.XLS.xmm"));
+  auto cells = testsupport::XlrdReadBack(sheet, dir.path());
+  ASSERT_FALSE(cells.empty());
+  EXPECT_EQ(cells[0], "sheet\tXMLAnalyzer\t5\t9");
+  // The header is the select list's names, in its order; each row a row of the table.
+  std::string header;
+  for (size_t i = 1; i <= 9; ++i) header += "[" + cells[i].substr(cells[i].rfind('\t') + 1) + "], ";
+  EXPECT_EQ(header, columns + ", ");
+  EXPECT_NE(std::find(cells.begin(), cells.end(), testsupport::XlrdText(2, 0, "Missing <summary> tag")), cells.end());
+  EXPECT_EQ(Remembered(), dir.path().string() + "/");
+  EXPECT_EQ(Caption(), kCaption);
+
+  // More rows than a sheet holds: the engine's error, no file.
+  std::vector<FindingRow> many(65536 - 4, {"Demo", "a.cs", "Class", "", "A", 1, 1, "x"});
+  AddFindings(many);
+  files->Answer((dir.path() / "big.xls").string());
+  window->SaveFile();
+  ASSERT_EQ(boxes->shown.size(), 1u);
+  EXPECT_EQ(boxes->shown[0].prompt,
+            "There was an error saving the Annotra pane contents to the "
+                "specified file.\r\n(3437) Spreadsheet is full.");
+  EXPECT_FALSE(fs::exists(dir.path() / "big.xls"));
   EXPECT_TRUE(report->entries.empty());
 }
