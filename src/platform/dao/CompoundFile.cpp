@@ -83,7 +83,8 @@ void WriteCompoundFile(const std::string& path, const std::vector<CompoundStream
   if (fs::symlink_status(target, ec).type() != fs::file_type::not_found)
     throw Error(err::kDatabaseExists, "'" + path + "' already exists.");
 
-  std::string temporary = (target.parent_path() / ("." + target.filename().string() + ".XXXXXX")).string();
+  std::string temporary = folder;
+  temporary.append("/.").append(target.filename().string()).append(".XXXXXX");
   int fd = ::mkstemp(temporary.data());
   if (fd < 0) Fail(path, std::string("no file can be made in its folder (") + std::strerror(errno) + ")");
   ::fchmod(fd, 0644);
