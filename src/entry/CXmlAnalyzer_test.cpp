@@ -385,7 +385,7 @@ TEST_F(EntryTest, TheControllersEventsReachTheHost) {
   analyzer->ExecuteCommand(CXmlAnalyzer::kShowInCode);
   // The middle of the first row's first column.
   const int y = (grid.GroupByBoxVisible ? 240 : 0) + 240 + (1 - grid.TopRow()) * 240 + 120;
-  const auto& span = grid.VisibleColumns().front();
+  const auto span = grid.VisibleColumns().front();
   const int x = span.left + span.width / 2;
   user->MouseDown("GridEx1", platform::forms::vbRightButton, x, y).MouseUp("GridEx1", platform::forms::vbRightButton, x, y);
   user->Play(Doc());
