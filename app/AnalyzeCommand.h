@@ -1,45 +1,20 @@
 #pragma once
-#include <optional>
 #include <ostream>
-#include <string>
-#include <vector>
 
-#include "FindingsWriter.h"
-
-namespace CLI {
-class App;
-}
+#include "AnalyzeFlags.h"
+#include "options/OptionsChoices.h"
 
 namespace app {
 
-/// What `annotra analyze` was asked to do: the solution, the host's state, the options to
-/// store and the output.
-struct AnalyzeRequest {
-  std::string path = ".";
-  // Scope and the host's state.
-  std::optional<std::string> scope;
-  std::optional<std::string> document;
-  std::optional<int> line;
-  std::vector<std::string> open;
-  std::optional<std::string> project;
-  std::optional<std::string> folder;
-  // Rules; each one given is stored where the options dialog stores it.
-  std::optional<bool> enablePublic, xmlOnPublic, enableNonPublic, xmlOnNonPublic, enableBody;
-  std::optional<std::string> maxLines;
-  std::vector<std::string> require;
-  bool requireAll = false;
-  std::optional<int> keepOpen;
-  // Output.
-  std::string format = "table";
-  bool failOnFindings = false;
-};
+/// The choices the options dialog is played with for `checked` flags of `request`: the
+/// scope (the whole solution when neither the flags nor the repository's settings
+/// choose one: a command line has no caret), the boxes of both pages, the line limit,
+/// the required tags.
+annotra::OptionsChoices ChoicesOf(const AnalyzeRequest& request, const CheckedFlags& checked, bool scopeStored);
 
-/// Adds the `analyze` subcommand with its options to `cli`, filling `request`.
-CLI::App* AddAnalyzeCommand(CLI::App& cli, AnalyzeRequest& request);
-
-/// Runs one analysis as `request` says and prints its findings on `out`. Returns the exit
-/// status: 0 done, 1 findings with --fail-on-findings, 2 a usage error, 3 input that
-/// cannot be loaded.
+/// Runs one analysis as `request` says and writes its findings to `out` (or to the file
+/// --output names). Every flag is checked before anything is opened; a usage error
+/// changes nothing. Returns the exit status (ExitStatus.h).
 int RunAnalyzeCommand(const AnalyzeRequest& request, std::ostream& out);
 
 }  // namespace app

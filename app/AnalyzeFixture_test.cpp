@@ -1,8 +1,10 @@
 // Golden tests of `annotra analyze`: each testdata/analysis/SOLUTION/cases/NAME.args (one
 // argument a line, run from the SOLUTION folder, with --format tsv added) is compared with
-// NAME.expected beside it. NAME.settings, when present, is the settings store the run
-// starts from. ANNOTRA_UPDATE_FIXTURES=1 rewrites the expected files (read them before
-// committing them). These cases are about the command line: scopes, flags, bad input and
+// NAME.expected beside it. NAME.settings, when present, is a per-user settings store left
+// in ANNOTRA_HOME, which the run must not read. NAME.ini, when present, is the
+// repository's settings file: the run is made on a copy of the SOLUTION folder in a
+// temporary folder, with NAME.ini as its .annotra.ini. ANNOTRA_UPDATE_FIXTURES=1 rewrites
+// the expected files (read them before committing them). These cases are about the command line: scopes, flags, bad input and
 // exit statuses. What the checks find is tested on annotated inputs (testdata/checks/,
 // src/analysis/Checks_test.cpp), where a new line moves no other expectation.
 
@@ -64,7 +66,17 @@ TEST_P(AnalyzeFixture, FindingsMatchTheExpectedFile) {
   if (fs::exists(settings)) fs::copy_file(settings, home.path() / "settings.ini");
   setenv("ANNOTRA_HOME", home.path().c_str(), 1);
   auto previous = fs::current_path();
-  fs::current_path(c.folder);
+  fs::path ini = c.args;
+  ini.replace_extension(".ini");
+  testsupport::TempDir repository;
+  if (fs::exists(ini)) {
+    fs::copy(c.folder, repository.path(), fs::copy_options::recursive);
+    fs::remove_all(repository.path() / "cases");
+    fs::copy_file(ini, repository.path() / ".annotra.ini");
+    fs::current_path(repository.path());
+  } else {
+    fs::current_path(c.folder);
+  }
 
   std::vector<std::string> args = {"annotra", "analyze"};
   for (auto& a : ReadArgs(c.args)) args.push_back(a);

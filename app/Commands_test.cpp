@@ -92,7 +92,7 @@ TEST_F(Commands, FailOnFindingsAndTheTemporaryDatabaseIsRemoved) {
   testsupport::TempDir tmp;
   auto run = Annotra("analyze samples/Demo.sln --fail-on-findings --format msbuild", home.path().string());
   EXPECT_EQ(run.status, 1) << run.out;
-  EXPECT_NE(run.out.find("samples/Demo.CSharp/Shapes/Shape.cs(4): warning Class: Code elements without XML comments. [Shape]"),
+  EXPECT_NE(run.out.find("samples/Demo.CSharp/Shapes/Shape.cs(4): warning AN0002: Code elements without XML comments. [Class Shape]"),
             std::string::npos) << run.out;
   auto clean = Exec("analyze samples/Demo.sln --scope document --document samples/Demo.CSharp/Program.cs --fail-on-findings");
   EXPECT_EQ(clean.status, 0) << clean.out;

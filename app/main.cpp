@@ -9,10 +9,12 @@
 #include "Host.h"
 #include "SolutionCommand.h"
 #include "TemplatesCommand.h"
+#include "Version.h"
 
 int main(int argc, char** argv) {
   CLI::App cli{"annotra: reviews how well the C# and Visual Basic .NET code of a solution is commented"};
   cli.require_subcommand(1);
+  cli.set_version_flag("--version", std::string("annotra ") + app::kVersion);
 
   app::AnalyzeRequest analyzeRequest;
   auto* analyze = app::AddAnalyzeCommand(cli, analyzeRequest);

@@ -105,7 +105,7 @@ void BM_LoadSolution(benchmark::State& state) {
   const fs::path& sln = SolutionOf(items);
   for (auto _ : state) {
     auto result = platform::automation::OpenSolution(sln);
-    if (!result.warnings.empty()) state.SkipWithError(result.warnings.front().c_str());
+    if (!result.warnings.empty()) state.SkipWithError(result.warnings.front().text.c_str());
     benchmark::DoNotOptimize(result.dte->Solution()->Projects()->Count());
   }
   state.SetComplexityN(items);

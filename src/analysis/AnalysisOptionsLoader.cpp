@@ -65,6 +65,9 @@ void LoadAnalysisOptions(AnalysisOptions& options, std::vector<std::string>& xml
   step(5, [&] { xmlCheckItems = SplitXMLCheck(options.XMLCheck); });
   step(6, [&] { options.EnableBody = ReadFlag(key::EnableBody, 1); });
   step(7, [&] { options.LineCount = ReadLineCount(); });
+  step(8, [&] { options.AcceptInheritDoc = ReadFlag(key::AcceptInheritDoc, 0); });
+  step(8, [&] { options.CompareParamTypes = ReadFlag(key::CompareParamTypes, 1); });
+  step(8, [&] { options.SkipGenerated = ReadFlag(key::SkipGenerated, 0); });
 }
 
 }  // namespace annotra

@@ -17,8 +17,10 @@ using XMLCheckBuilder = std::function<void()>;
 /// XMLOnPublic (1), EnableNonPublic (1), XMLOnNonPublic (0), each non-zero meaning true;
 /// XMLCheck (""); when XMLCheck is empty and `buildXMLCheck` is given, runs it, lets
 /// pending window messages run once and reads XMLCheck again; `xmlCheckItems` from
-/// XMLCheck split at every "|"; EnableBody (1); LineCount as ReadLineCount gives it.
-/// OpenDocAllowed is not touched (see ReadOpenDocAllowed).
+/// XMLCheck split at every "|"; EnableBody (1); LineCount as ReadLineCount gives it;
+/// then the rules beyond those: AcceptInheritDoc (0), CompareParamTypes (1) and
+/// SkipGenerated (0), each non-zero meaning true. OpenDocAllowed is not touched (see
+/// ReadOpenDocAllowed).
 ///
 /// Never throws. A read or conversion that fails is reported through the common error
 /// report with the source "Quillmark.CXmlAnalyzerBrowser.GetOptions" and the step's

@@ -5,6 +5,7 @@
 #include "analysis/CXmlAnalyzerBrowser.h"
 #include "analysis/Problems.h"
 #include "platform/core/AsciiText.h"
+#include "platform/core/XmlText.h"
 #include "host/MGlobals.h"
 #include "host/Steps.h"
 #include "platform/automation/CodeElement.h"
@@ -100,6 +101,15 @@ void CXmlAnalyzerBrowser::DefinitionAnalysis(const Ref<TextDocument>& textDocume
   for (auto it = kindItem + 1; it != XMLCheckItems.end() && (it->empty() || (*it)[0] != '{'); ++it)
     tags.push_back(*it);
 
+  // From here on the checks look at the definition: the rows they write until they end
+  // are its findings.
+  struct Tally {
+    CXmlAnalyzerBrowser& browser;
+    const Ref<TextDocument>& textDocument;
+    const int32_t rowsBefore;
+    ~Tally() { browser.TallyDefinition(textDocument, browser.m_lRowsWritten != rowsBefore); }
+  } tally{*this, textDocument, m_lRowsWritten};
+
   bool xml = !doc.empty();
   if (xml && m_sLanguage == cm::vsCMLanguageCSharp && doc.size() >= 5 && doc.rfind("<doc>", 0) == 0 &&
       doc.size() >= 6 && doc.compare(doc.size() - 6, 6, "</doc>") == 0) {
@@ -123,6 +133,19 @@ void CXmlAnalyzerBrowser::DefinitionAnalysis(const Ref<TextDocument>& textDocume
     parserXML->SetInputText(doc);
     parserXML->Parse();
   });
+  if (options.AcceptInheritDoc) {
+    // The documentation is inherited (from the base member, or the one cref names): the
+    // comment has every tag and every param there.
+    bool inherits = false;
+    step(9, [&] {
+      int32_t handle = parserXML->StartSearch("/.*element_name =\"inheritdoc\"", 0);
+      if (handle != 0) {
+        inherits = true;
+        parserXML->EndSearch(handle);
+      }
+    });
+    if (inherits) return;
+  }
   bool signature = HasSignature(kindName);
   for (const std::string& tag : tags) {
     int32_t handle = 0;
@@ -215,10 +238,13 @@ void CXmlAnalyzerBrowser::CompareParameters(const Ref<TextDocument>& textDocumen
       int32_t startTag = parserXML->ParentNode(node);
       Pair pair;
       if (startTag != 0) {
+        // Attribute values as XML reads them: type="List&lt;int&gt;" is List<int>.
         int32_t nameNode = parserXML->SearchBelow(startTag, ".*attr_name=\"name\"");
-        if (nameNode != 0) pair.first = parserXML->NodeText(parserXML->ParentNode(nameNode));
+        if (nameNode != 0)
+          pair.first = platform::DecodeXmlAttributeValue(parserXML->NodeText(parserXML->ParentNode(nameNode)));
         int32_t typeNode = parserXML->SearchBelow(startTag, ".*attr_name=\"type\"");
-        if (typeNode != 0) pair.second = parserXML->NodeText(parserXML->ParentNode(typeNode));
+        if (typeNode != 0)
+          pair.second = platform::DecodeXmlAttributeValue(parserXML->NodeText(parserXML->ParentNode(typeNode)));
       }
       xml.push_back(pair);
     }
@@ -227,10 +253,12 @@ void CXmlAnalyzerBrowser::CompareParameters(const Ref<TextDocument>& textDocumen
 
   std::string name;
   step(4, [&] { name = element->Name(); });
+  // Most code bases write no type attribute; the options may compare names only.
+  const bool compareTypes = MGlobals::g_AnalysisOptions.CompareParamTypes;
   if (xml.size() == definition.size()) {
     for (size_t i = 0; i < xml.size(); ++i) {
       bool sameName = xml[i].first == definition[i].first;
-      bool sameType = xml[i].second == definition[i].second;
+      bool sameType = !compareTypes || xml[i].second == definition[i].second;
       if (sameName && sameType) continue;
       ProblemId problem = !sameName && !sameType ? ProblemId::ParamNameAndType
                           : !sameName            ? ProblemId::ParamName

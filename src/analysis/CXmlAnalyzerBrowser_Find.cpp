@@ -6,6 +6,10 @@
 #include "host/MGlobals.h"
 #include "results/MGlobals_ResultsDb.h"
 #include "host/Steps.h"
+#include "platform/automation/Document.h"
+#include "platform/automation/Project.h"
+#include "platform/automation/ProjectItem.h"
+#include "platform/automation/TextDocument.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/Field.h"
 #include "platform/dao/Recordset.h"
@@ -73,6 +77,17 @@ void CXmlAnalyzerBrowser::Find() {
   m_frmParser.reset();
 }
 
+void CXmlAnalyzerBrowser::TallyDefinition(const Ref<TextDocument>& textDocument, bool withFinding) {
+  if (m_tallyDocument.lock() != textDocument) {
+    m_sTallyProject.clear();
+    Quietly([&] { m_sTallyProject = textDocument->Parent()->ProjectItem()->ContainingProject()->Name(); });
+    m_tallyDocument = textDocument;
+  }
+  DefinitionTally& tally = m_definitionTallies[m_sTallyProject];
+  ++tally.definitions;
+  if (!withFinding) ++tally.withoutFinding;
+}
+
 void CXmlAnalyzerBrowser::Found(const std::string& sProject, const std::string& sDocument,
                                 const std::string& sPath, const std::string& sMember, int32_t lStart,
                                 int32_t lEnd, const std::string& sType, const std::string& sProblem) {
@@ -87,7 +102,8 @@ void CXmlAnalyzerBrowser::Found(const std::string& sProject, const std::string& 
   step(8, [&] { m_rsResults->Fields("Status")->SetValue(0); });
   step(9, [&] { m_rsResults->Fields("Type")->SetValue(sType); });
   step(10, [&] { m_rsResults->Fields("Problem")->SetValue(sProblem); });
-  if (!step(11, [&] { m_rsResults->Update(); })) Quietly([&] { m_rsResults->CancelUpdate(); });
+  if (step(11, [&] { m_rsResults->Update(); })) ++m_lRowsWritten;
+  else Quietly([&] { m_rsResults->CancelUpdate(); });
 }
 
 }  // namespace annotra

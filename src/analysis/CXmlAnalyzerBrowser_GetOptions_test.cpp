@@ -60,6 +60,9 @@ TEST_F(OptionsTest, AUserWithoutStoredKeysGetsTheDefaults) {
   EXPECT_TRUE(items.empty());
   EXPECT_TRUE(o.EnableBody);
   EXPECT_EQ(o.LineCount, 15);
+  EXPECT_FALSE(o.AcceptInheritDoc);
+  EXPECT_TRUE(o.CompareParamTypes);
+  EXPECT_FALSE(o.SkipGenerated);
   EXPECT_TRUE(report->entries.empty());
 }
 
@@ -71,6 +74,9 @@ TEST_F(OptionsTest, StoredValuesAreReadAndNonZeroIsChecked) {
   Set("XMLOnNonPublic", 2);
   Set("XMLCheck", "{Class}|{Method}|param");
   Set("EnableBody", 0);
+  Set("AcceptInheritDoc", 1);
+  Set("CompareParamTypes", 0);
+  Set("SkipGenerated", -1);
   AnalysisOptions o = Load();
   EXPECT_EQ(o.LastScope, 6);
   EXPECT_TRUE(o.EnablePublic);
@@ -79,6 +85,9 @@ TEST_F(OptionsTest, StoredValuesAreReadAndNonZeroIsChecked) {
   EXPECT_TRUE(o.XMLOnNonPublic);
   EXPECT_EQ(items, (std::vector<std::string>{"{Class}", "{Method}", "param"}));
   EXPECT_FALSE(o.EnableBody);
+  EXPECT_TRUE(o.AcceptInheritDoc);
+  EXPECT_FALSE(o.CompareParamTypes);
+  EXPECT_TRUE(o.SkipGenerated);
   EXPECT_EQ(SplitXMLCheck("a||b|"), (std::vector<std::string>{"a", "", "b", ""}));
   EXPECT_EQ(SplitXMLCheck("|"), (std::vector<std::string>{"", ""}));
 }
@@ -126,7 +135,7 @@ TEST_F(OptionsTest, AFailingReadIsReportedAndKeepsTheFieldsValue) {
   report->entries.clear();
   AnalysisOptions none = Load();
   EXPECT_EQ(none.LineCount, 15);
-  EXPECT_EQ(report->entries.size(), 7u);  // every read but the silent LineCount
+  EXPECT_EQ(report->entries.size(), 10u);  // every read but the silent LineCount
   EXPECT_EQ(report->entries[0].message.substr(0, 4), "(91)");
 }
 

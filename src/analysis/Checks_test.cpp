@@ -34,6 +34,8 @@
 //     --no-public          "EnablePublic" 0        --public-plain     "XMLOnPublic" 0
 //     --no-non-public      "EnableNonPublic" 0     --non-public-xml   "XMLOnNonPublic" 1
 //     --no-body            "EnableBody" 0          --max-lines N      "LineCount" N, as given
+//     --inheritdoc         "AcceptInheritDoc" 1    --no-param-types   "CompareParamTypes" 0
+//     --skip-generated     "SkipGenerated" 1
 //     --require KIND:TAG,TAG  (repeatable) every kind of the default templates stays
 //                          checked, only the named tags are required (what the XML
 //                          options form stores when the user checks just these tags)
@@ -144,7 +146,8 @@ std::string StoreOptions(const std::vector<std::string>& words) {
   static const std::map<std::string, std::pair<const char*, int>> kFlags = {
       {"--no-public", {"EnablePublic", 0}},        {"--public-plain", {"XMLOnPublic", 0}},
       {"--no-non-public", {"EnableNonPublic", 0}}, {"--non-public-xml", {"XMLOnNonPublic", 1}},
-      {"--no-body", {"EnableBody", 0}}};
+      {"--no-body", {"EnableBody", 0}},           {"--inheritdoc", {"AcceptInheritDoc", 1}},
+      {"--no-param-types", {"CompareParamTypes", 0}}, {"--skip-generated", {"SkipGenerated", 1}}};
   std::vector<std::string> required;
   for (size_t i = 0; i < words.size(); ++i) {
     const std::string& w = words[i];
@@ -209,7 +212,7 @@ std::vector<ExpectedFinding> Analyse(const std::string& fileName, const std::str
   MGlobals::TeamDB = platform::suite::TeamDatabase::OpenOrCreate(*MGlobals::WorkspaceObject,
                                                                  (dir.path() / "team.db").string());
   auto loaded = platform::automation::OpenSolution(solution);
-  for (const auto& warning : loaded.warnings) problems.push_back("the solution loads with: " + warning);
+  for (const auto& warning : loaded.warnings) problems.push_back("the solution loads with: " + warning.text);
   MGlobals::DTEObject = loaded.dte;
 
   std::vector<ExpectedFinding> rows;

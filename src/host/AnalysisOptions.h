@@ -16,6 +16,16 @@ struct AnalysisOptions {
   bool EnableBody = true;
   int16_t LineCount = 15;
   int16_t OpenDocAllowed = 10;
+  // Rules beyond the comment rules above, each off unless set, so that the defaults
+  // check as the rules above alone do.
+  /// An XML comment holding <inheritdoc/> (with or without cref) has every required tag
+  /// and every param.
+  bool AcceptInheritDoc = false;
+  /// param tags must give each parameter's type as well as its name; off, they are
+  /// compared by name and number only.
+  bool CompareParamTypes = true;
+  /// Documents marked as generated are not analysed, as designer files are not.
+  bool SkipGenerated = false;
 };
 
 }  // namespace annotra

@@ -96,31 +96,40 @@ bool IsProjectOpen() {
 }
 
 Ref<Project> SearchProject(const std::string& name) {
-  Ref<Project> found;
+  Ref<Project> found, folder;
   Quietly([&] {
     auto projects = DTEObject->Solution()->Projects();
     for (int i = 1; i <= projects->Count() && !found; ++i) {
-      Quietly([&] { SearchProject_InProjects(name, projects->Item(i), found); });
+      Quietly([&] { SearchProject_InProjects(name, projects->Item(i), found, &folder); });
     }
   });
-  return found;
+  return found ? found : folder;
+}
+
+bool IsSolutionFolder(const Ref<Project>& project) {
+  bool folder = false;
+  Quietly([&] { folder = project && platform::TryAs<SolutionFolder>(project->Object()) != nullptr; });
+  return folder;
 }
 
 void SearchProject_InProjects(const std::string& name, const Ref<Project>& project,
-                              Ref<Project>& found) {
+                              Ref<Project>& found, Ref<Project>* folder) {
   if (found) return;
   Steps step("Quillmark.MGlobals.SearchProject_InProjects");
   bool same = false;
   if (!step(1, [&] { same = project->Name() == name; })) return;
-  if (same) {
+  // A solution folder named like the project sought (a folder "Benchmarks" holding the
+  // project "Benchmarks") is searched through, not taken.
+  if (same && !IsSolutionFolder(project)) {
     found = project;
     return;
   }
-  step(2, [&] { SearchProject_InProjectItems(name, project->ProjectItems(), found); });
+  if (same && folder && !*folder) *folder = project;
+  step(2, [&] { SearchProject_InProjectItems(name, project->ProjectItems(), found, folder); });
 }
 
 void SearchProject_InProjectItems(const std::string& name, const Ref<ProjectItems>& items,
-                                  Ref<Project>& found) {
+                                  Ref<Project>& found, Ref<Project>* folder) {
   if (found || !items) return;
   int count = 0;
   Quietly([&] { count = items->Count(); });
@@ -128,10 +137,10 @@ void SearchProject_InProjectItems(const std::string& name, const Ref<ProjectItem
     Quietly([&] {
       auto item = items->Item(i);
       if (auto sub = item->SubProject()) {
-        SearchProject_InProjects(name, sub, found);
+        SearchProject_InProjects(name, sub, found, folder);
       } else if (item->Collection().get() == items.get()) {
         auto children = item->ProjectItems();
-        if (children && children->Count() >= 1) SearchProject_InProjectItems(name, children, found);
+        if (children && children->Count() >= 1) SearchProject_InProjectItems(name, children, found, folder);
       }
     });
   }

@@ -91,12 +91,18 @@ bool HasDocumentTextCodeVisible(const Ref<Document>& document);
 /// the solution has no project.
 bool IsProjectOpen();
 /// The first project of the solution named `name` (exact), nested projects included,
-/// depth first in index order; none when there is none.
+/// depth first in index order; none when there is none. A solution folder of that name
+/// is searched through but never hides a project of the same name: it is the answer
+/// only when no project has the name (its items may be findings' documents too).
 Ref<Project> SearchProject(const std::string& name);
+/// Search steps of SearchProject: `found` takes the first project named `name`, and
+/// `folder`, when given, the first solution folder of that name met on the way.
 void SearchProject_InProjects(const std::string& name, const Ref<Project>& project,
-                              Ref<Project>& found);
+                              Ref<Project>& found, Ref<Project>* folder = nullptr);
 void SearchProject_InProjectItems(const std::string& name, const Ref<ProjectItems>& items,
-                                  Ref<Project>& found);
+                                  Ref<Project>& found, Ref<Project>* folder = nullptr);
+/// Whether `project` is a solution folder.
+bool IsSolutionFolder(const Ref<Project>& project);
 /// The item named `name` in the folder `path` ("A\B", "" for the project root) of the
 /// project; none when a step is missing.
 Ref<ProjectItem> FindProjectItem(const Ref<Project>& project, const std::string& name,

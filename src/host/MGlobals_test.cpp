@@ -219,6 +219,29 @@ TEST_F(MGlobalsTest, SearchProjectSeesProjectsOfAnSlnNestedInFolders) {
   EXPECT_EQ(MGlobals::SearchProject("Top")->Name(), "Top");
 }
 
+TEST_F(MGlobalsTest, SearchProjectIsNotHiddenByASolutionFolderOfTheSameName) {
+  // The folder test/Benchmarks holds the project Benchmarks, as in many real solutions;
+  // the folder Tools holds only a project of another name.
+  dir.Write("test/Benchmarks/Benchmarks.csproj", LegacyProjectFile(""));
+  dir.Write("src/Core/Core.csproj", LegacyProjectFile(""));
+  for (auto* text : {"sln", "slnx"}) {
+    std::vector<testsupport::SolutionProject> projects = {{"src/Core/Core.csproj", "Tools"},
+                                                          {"test/Benchmarks/Benchmarks.csproj", "test/Benchmarks"}};
+    Load(dir.Write(std::string("Same.") + text, std::string(text) == "sln" ? SlnText(projects) : SlnxText(projects)));
+    auto benchmarks = MGlobals::SearchProject("Benchmarks");
+    ASSERT_TRUE(benchmarks) << text;
+    EXPECT_FALSE(MGlobals::IsSolutionFolder(benchmarks)) << text;
+    EXPECT_EQ(benchmarks->FullName(), (dir.path() / "test/Benchmarks/Benchmarks.csproj").string()) << text;
+    // A folder is still found when no project has its name.
+    ASSERT_TRUE(MGlobals::SearchProject("Tools")) << text;
+    EXPECT_TRUE(MGlobals::IsSolutionFolder(MGlobals::SearchProject("Tools"))) << text;
+  }
+  // A one-project solution whose folder is named like its project.
+  Load(dir.Write("One.sln", SlnText({{"test/Benchmarks/Benchmarks.csproj", "Benchmarks"}})));
+  ASSERT_TRUE(MGlobals::SearchProject("Benchmarks"));
+  EXPECT_FALSE(MGlobals::IsSolutionFolder(MGlobals::SearchProject("Benchmarks")));
+}
+
 TEST_F(MGlobalsTest, FindProjectItemFollowsTheFolderPathStepByStep) {
   auto project = ProjectNamed(LoadItemsProject(), "Items");
   auto fileOf = [](const Ref<ProjectItem>& item) {

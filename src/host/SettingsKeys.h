@@ -12,6 +12,8 @@ inline constexpr const char* Settings = "Settings";
 inline constexpr const char* LastPaths = "LastPaths";
 /// Whether lists show in the editor's font.
 inline constexpr const char* Fonts = "Settings\\Fonts";
+/// The command line's own keys, read from a repository's settings file only.
+inline constexpr const char* Annotra = "Annotra";
 }  // namespace section
 
 namespace key {
@@ -37,6 +39,8 @@ inline constexpr const char* OpenDocAllowed = "OpenDocAllowed";
 inline constexpr const char* SaveRestoreXMLAnalyzer = "SaveRestoreXMLAnalyzer";
 // Section Settings\Fonts.
 inline constexpr const char* Results = "Results";
+// Section Annotra: the team database to use instead of the per-user one.
+inline constexpr const char* TeamDatabase = "TeamDatabase";
 }  // namespace key
 
 /// Keys and values of the environment's part of the registry (kept in the per-user

@@ -88,7 +88,7 @@ Ref<Project> UnreadProject(const fs::path& projectFile, const ProjectFileOptions
 }
 
 Ref<Project> ReadProjectFile(const fs::path& projectFile, const ProjectFileOptions& options,
-                             std::vector<std::string>& warnings) {
+                             std::vector<LoadWarning>& warnings) {
   const fs::path file = NormalizedAbsolute(projectFile);
   const std::string language = ProjectFileLanguage(file);
   if (language.empty())
@@ -115,6 +115,7 @@ Ref<Project> ReadProjectFile(const fs::path& projectFile, const ProjectFileOptio
     entry.folder = type == "folder";
     entry.displayPath = DisplayPathOf(item, projectDir);
     entry.dependentUpon = item.Metadata("DependentUpon");
+    entry.compiled = type == "compile";
     entries.push_back(std::move(entry));
   }
   BuildProjectItems(project, entries, false, warnings);

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/automation/LoadWarning.h"
 #include "platform/core/Ref.h"
 
 namespace platform::automation {
@@ -40,7 +41,7 @@ struct ProjectFileOptions {
 /// cannot be read or parsed (53, 75, 5, as ReadDefinitionXml), or is no C# or VB
 /// project file (5).
 Ref<Project> ReadProjectFile(const std::filesystem::path& projectFile, const ProjectFileOptions& options,
-                             std::vector<std::string>& warnings);
+                             std::vector<LoadWarning>& warnings);
 
 /// A project of kind `kind` named `name` for `projectFile` that has no items: what stays
 /// in the solution of a project that cannot be read. Its symbols are the language's

@@ -22,6 +22,7 @@ struct Node {
   bool attached = false;
   std::string dependentUpon;  // as written
   std::string displayPath;
+  bool compiled = false;
 };
 
 std::string DirOf(const std::string& displayPath) {
@@ -55,6 +56,7 @@ class TreeBuilder {
     node.folder = EnsureFolder(DirOf(display), {});
     node.item = std::make_shared<ProjectItem>(NameOf(display), vsProjectItemKindPhysicalFile, entry.fullPath);
     node.dependentUpon = entry.dependentUpon;
+    node.compiled = entry.compiled;
     node.displayPath = display;
     m_files.emplace(key, m_nodes.size());
     m_nodes.push_back(std::move(node));
@@ -112,13 +114,14 @@ class TreeBuilder {
     }
   }
 
-  void WarnMissing(std::vector<std::string>& warnings) const {
+  void WarnMissing(std::vector<LoadWarning>& warnings) const {
     std::error_code ec;
     for (auto& n : m_nodes) {
       if (n.item->Kind() != vsProjectItemKindPhysicalFile) continue;
       if (!std::filesystem::exists(n.item->path(), ec))
-        warnings.push_back("project '" + m_project->Name() + "': file '" + n.item->path().string() +
-                           "' does not exist");
+        warnings.emplace_back("project '" + m_project->Name() + "': file '" + n.item->path().string() +
+                                  "' does not exist",
+                              n.compiled ? LoadWarning::Kind::MissingSource : LoadWarning::Kind::Other);
     }
   }
 
@@ -177,7 +180,7 @@ std::string NormalizeDisplayPath(const std::string& path) {
 }
 
 void BuildProjectItems(const Ref<Project>& project, const std::vector<ProjectEntry>& entries, bool webItems,
-                       std::vector<std::string>& warnings) {
+                       std::vector<LoadWarning>& warnings) {
   TreeBuilder builder(project, webItems);
   for (auto& entry : entries) builder.Add(entry);
   builder.ResolveDependencies();

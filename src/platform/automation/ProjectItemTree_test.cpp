@@ -27,15 +27,17 @@ TEST(ProjectItemTree, FoldersNestingDuplicatesAndOrder) {
     dir.Write(f, "");
   auto project = std::make_shared<Project>("P", kProjectKindCSharp, dir.path() / "P.csproj", std::weak_ptr<DTE>());
   auto e = [&](std::string display, std::string dependentUpon = "", bool folder = false) {
-    return ProjectEntry{display, dir.path() / NormalizeDisplayPath(display), folder, dependentUpon};
+    return ProjectEntry{display, dir.path() / NormalizeDisplayPath(display), folder, dependentUpon, true};
   };
-  std::vector<std::string> warnings;
+  auto content = e("x/Notes.txt");
+  content.compiled = false;
+  std::vector<LoadWarning> warnings;
   BuildProjectItems(project,
                     {e("b.cs"), e("x\\y\\Res.Designer.cs", "Res.resx"), e("x/y/Res.resx"),
                      e("x/y/Other.cs", "x/Z.cs"),  // relative to the project when not beside it
                      e("X/Z.cs"), e("x/z.cs"),     // the second spelling is a duplicate; "X"
                                                    // is not on disk, but the folder "x" is
-                     e("A.cs"), e("./x/../Gone.cs"), e("Empty", "", true), e("../outside.cs")},
+                     e("A.cs"), e("./x/../Gone.cs"), e("Empty", "", true), e("../outside.cs"), content},
                     false, warnings);
   EXPECT_EQ(Tree(project->ProjectItems()),
             "A.cs\n"
@@ -43,15 +45,21 @@ TEST(ProjectItemTree, FoldersNestingDuplicatesAndOrder) {
             "Empty/\n"
             "Gone.cs\n"
             "x/\n"
+            "  Notes.txt\n"
             "  y/\n"
             "    Res.resx\n"
             "      Res.Designer.cs\n"
             "  Z.cs\n"
             "    Other.cs\n");
   // The folder takes the spelling met first; the file keeps its own.
-  EXPECT_EQ(warnings, (std::vector<std::string>{
-                          "project 'P': file '" + (dir.path() / "X/Z.cs").string() + "' does not exist",
-                          "project 'P': file '" + (dir.path() / "Gone.cs").string() + "' does not exist"}));
+  // Missing compiled files lose code; a missing file the project does not compile does not.
+  std::vector<std::string> texts;
+  for (const auto& w : warnings)
+    texts.push_back(w.text + (w.kind == LoadWarning::Kind::MissingSource ? " [source]" : ""));
+  EXPECT_EQ(texts, (std::vector<std::string>{
+                       "project 'P': file '" + (dir.path() / "X/Z.cs").string() + "' does not exist [source]",
+                       "project 'P': file '" + (dir.path() / "Gone.cs").string() + "' does not exist [source]",
+                       "project 'P': file '" + (dir.path() / "x/Notes.txt").string() + "' does not exist"}));
   auto designer = project->ProjectItems()->Item("X")->ProjectItems()->Item("y")->ProjectItems()->Item("Res.resx")
                       ->ProjectItems()->Item(1);
   EXPECT_EQ(designer->ContainingProject(), project);

@@ -54,7 +54,7 @@ Ref<Project> MakeFolder(const std::string& name, const std::weak_ptr<DTE>& dte) 
 // Reads a C# or VB project file; one that cannot be read stays without items.
 Ref<Project> LoadProject(const fs::path& file, const std::string& name, const std::string& kind,
                          const fs::path& solutionPath, const std::weak_ptr<DTE>& dte,
-                         std::vector<std::string>& warnings) {
+                         std::vector<LoadWarning>& warnings) {
   ProjectFileOptions options;
   options.name = name;
   options.kind = kind;
@@ -63,14 +63,15 @@ Ref<Project> LoadProject(const fs::path& file, const std::string& name, const st
   try {
     return ReadProjectFile(file, options, warnings);
   } catch (const Error& e) {
-    warnings.push_back("project '" + (name.empty() ? file.stem().string() : name) +
-                       "' cannot be read: " + e.description);
+    warnings.emplace_back("project '" + (name.empty() ? file.stem().string() : name) +
+                              "' cannot be read: " + e.description,
+                          LoadWarning::Kind::UnreadProject);
     return UnreadProject(file, options);
   }
 }
 
 Ref<Project> LoadEntry(const SolutionEntry& entry, const fs::path& slnPath, const std::weak_ptr<DTE>& dte,
-                       std::vector<std::string>& warnings) {
+                       std::vector<LoadWarning>& warnings) {
   if (entry.folder) return MakeFolder(entry.name, dte);
   const fs::path slnDir = slnPath.parent_path();
   const std::string kind = CanonicalKind(entry.typeGuid);
@@ -80,7 +81,8 @@ Ref<Project> LoadEntry(const SolutionEntry& entry, const fs::path& slnPath, cons
   // A web site names its folder; so may an entry of a .slnx that gives no type.
   if (kind == kProjectKindWebSite || (kind.empty() && !url && !entry.path.empty() && fs::is_directory(path, ec))) {
     if (url || !fs::is_directory(path, ec)) {
-      warnings.push_back("web site '" + entry.name + "' cannot be read: " + QuotedPath(path) + " is not a folder");
+      warnings.emplace_back("web site '" + entry.name + "' cannot be read: " + QuotedPath(path) + " is not a folder",
+                            LoadWarning::Kind::UnreadProject);
       auto site = std::make_shared<Project>(entry.name, kProjectKindWebSite, path, dte);
       site->SetObject(std::make_shared<WebSiteProject>());
       return site;
@@ -97,7 +99,7 @@ Ref<Project> LoadEntry(const SolutionEntry& entry, const fs::path& slnPath, cons
 
 // Builds the solution from the entries of a solution file.
 void BuildSolution(const SolutionDescription& description, const fs::path& slnPath, const Ref<DTE>& dte,
-                   std::vector<std::string>& warnings) {
+                   std::vector<LoadWarning>& warnings) {
   auto solution = dte->Solution();
   const auto& entries = description.entries;
   warnings.insert(warnings.end(), description.warnings.begin(), description.warnings.end());
@@ -194,6 +196,7 @@ LoadResult OpenSourceFile(const fs::path& path) {
   ProjectEntry entry;
   entry.displayPath = path.filename().string();
   entry.fullPath = path;
+  entry.compiled = true;
   BuildProjectItems(project, {entry}, false, result.warnings);
   result.dte->Solution()->Projects()->Add(project);
   return result;
@@ -219,7 +222,7 @@ std::vector<fs::path> FilesIn(const fs::path& folder, std::initializer_list<cons
 LoadResult OpenFolder(const fs::path& folder) {
   auto solutions = FilesIn(folder, {".sln", ".slnx"});
   if (solutions.size() == 1) return OpenSolutionFile(solutions[0], LowerAscii(solutions[0].extension().string()) == ".slnx");
-  std::vector<std::string> warnings;
+  std::vector<LoadWarning> warnings;
   if (solutions.size() > 1)
     warnings.push_back(QuotedPath(folder) + " holds several solution files; its project files are opened instead");
   auto projectFiles = FilesIn(folder, {".csproj", ".vbproj"});

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/automation/LoadWarning.h"
 #include "platform/core/Ref.h"
 
 namespace platform::automation {
@@ -10,10 +11,10 @@ namespace platform::automation {
 class DTE;
 
 /// What opening a solution gives: the development environment holding it, and the
-/// warnings about what could be loaded only in part, one line each.
+/// warnings about what could be loaded only in part, one line each with its kind.
 struct LoadResult {
   Ref<DTE> dte;
-  std::vector<std::string> warnings;
+  std::vector<LoadWarning> warnings;
 };
 
 /// Opens `path` as the solution of a new development environment:
@@ -27,8 +28,9 @@ struct LoadResult {
 /// - a .cs or .vb file: a solution of one project, named after the file's folder,
 ///   holding that file.
 /// A project that cannot be read stays in the solution without items, with a warning
-/// naming it and why; a project or folder that names a missing file keeps the item,
-/// with a warning naming the file; a project of another language (not C# or VB) is
+/// naming it and why (kind UnreadProject); a project or folder that names a missing file
+/// keeps the item, with a warning naming the file (kind MissingSource when the project
+/// compiles the file); a project of another language (not C# or VB) is
 /// kept without items. What cannot be loaded at all fails with platform::Error whose
 /// description is one line naming the file: 53 when `path` does not exist; 75 when it
 /// cannot be read; 5 for a malformed or unsupported solution, project or file (an

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <optional>
 
 #include "platform/automation/AutomationConstants.h"
 #include "platform/automation/DTE.h"
@@ -79,9 +80,13 @@ Lines SymbolNames(const Ref<Project>& p) {
   return out;
 }
 
-bool Mentions(const std::vector<std::string>& warnings, const std::string& a, const std::string& b = "") {
-  return std::any_of(warnings.begin(), warnings.end(), [&](const std::string& w) {
-    return w.find(a) != std::string::npos && w.find(b) != std::string::npos && w.find('\n') == std::string::npos;
+// Whether one of the warnings, a single line, mentions `a` and `b`; of kind `kind` when
+// one is given.
+bool Mentions(const std::vector<LoadWarning>& warnings, const std::string& a, const std::string& b = "",
+              std::optional<LoadWarning::Kind> kind = std::nullopt) {
+  return std::any_of(warnings.begin(), warnings.end(), [&](const LoadWarning& w) {
+    return w.text.find(a) != std::string::npos && w.text.find(b) != std::string::npos &&
+           w.text.find('\n') == std::string::npos && (!kind || w.kind == *kind);
   });
 }
 
@@ -187,8 +192,10 @@ TEST(SolutionLoader, SlnWithLegacyAndSdkProjectsNestingAndOrder) {
   EXPECT_EQ(r.dte->Solution()->FullName(), sln.string());
 
   ASSERT_EQ(r.warnings.size(), 2u) << r.warnings[0];
-  EXPECT_TRUE(Mentions(r.warnings, "Legacy App", (dir.path() / "src/Shared/Outside.cs").string()));
-  EXPECT_TRUE(Mentions(r.warnings, "Libraries", (dir.path() / "missing.txt").string()));
+  // A compiled file that is missing loses code; a solution item that is missing does not.
+  EXPECT_TRUE(Mentions(r.warnings, "Legacy App", (dir.path() / "src/Shared/Outside.cs").string(),
+                       LoadWarning::Kind::MissingSource));
+  EXPECT_TRUE(Mentions(r.warnings, "Libraries", (dir.path() / "missing.txt").string(), LoadWarning::Kind::Other));
 
   auto legacy = FindProject(r.dte->Solution()->Projects()->items(), "Legacy App");
   EXPECT_EQ(SymbolNames(legacy), (Lines{"DEBUG", "TRACE", "LEGACY_DEBUG"}));
@@ -360,13 +367,16 @@ TEST(SolutionLoader, ProjectsThatCannotBeReadStayWithoutItems) {
   auto p = [&](const char* sub) { return (dir.path() / sub).string(); };
   EXPECT_TRUE(Mentions(r.warnings, "project 'Broken' cannot be read: '" + p("Broken/Broken.csproj") +
                                        "' is not well-formed XML: line 4: Start-end tags mismatch"));
-  EXPECT_TRUE(Mentions(r.warnings, "project 'Gone' cannot be read: '" + p("Gone/Gone.csproj") + "' does not exist"));
+  EXPECT_TRUE(Mentions(r.warnings, "project 'Gone' cannot be read: '" + p("Gone/Gone.csproj") + "' does not exist", "",
+                       LoadWarning::Kind::UnreadProject));
   EXPECT_TRUE(Mentions(r.warnings, "project 'Binary' cannot be read: '" + p("Binary/Binary.csproj") +
                                        "' is in an unknown encoding"));
   EXPECT_TRUE(Mentions(r.warnings, "project 'NotXmlProject' cannot be read: '" + p("NotXmlProject/NotXmlProject.vbproj") +
                                        "' is not a project file"));
   EXPECT_TRUE(Mentions(r.warnings, "project 'Dir' cannot be read: '" + p("Dir.csproj") + "' is not a file"));
-  EXPECT_TRUE(Mentions(r.warnings, "web site 'Site' cannot be read", "http://localhost:8080/"));
+  EXPECT_TRUE(Mentions(r.warnings, "web site 'Site' cannot be read", "http://localhost:8080/",
+                       LoadWarning::Kind::UnreadProject));
+  EXPECT_TRUE(Mentions(r.warnings, "'Loop' is nested in itself", "", LoadWarning::Kind::Other));
   EXPECT_TRUE(Mentions(r.warnings, "'Loop' is nested in itself"));
   EXPECT_TRUE(Mentions(r.warnings, "'Broken' is nested in something that is not a solution folder"));
   EXPECT_EQ(r.warnings.size(), 8u);

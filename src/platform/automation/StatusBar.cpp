@@ -4,6 +4,8 @@
 
 #include <cstdio>
 
+#include "platform/core/StderrLine.h"
+
 namespace platform::automation {
 
 StatusBar::StatusBar() : m_draw(isatty(STDERR_FILENO) != 0) {}
@@ -18,8 +20,13 @@ void StatusBar::Progress(bool inProgress, const std::string& label, int32_t amou
   m_amount = inProgress ? amountCompleted : 0;
   m_total = inProgress ? total : 0;
   if (!m_draw) return;
-  if (inProgress) Draw();
-  else if (wasInProgress) std::fputs("\r\033[K", stderr);
+  if (inProgress) {
+    Draw();
+  } else if (wasInProgress && stderr_line::IsOpen()) {
+    std::fputs("\r\033[K", stderr);
+    std::fflush(stderr);
+    stderr_line::MarkOpen(false);
+  }
 }
 
 void StatusBar::Clear() {
@@ -35,6 +42,7 @@ void StatusBar::Draw() const {
   if (line.size() > 100) line = line.substr(0, 97) + "...";
   std::fprintf(stderr, "\r\033[K%s", line.c_str());
   std::fflush(stderr);
+  stderr_line::MarkOpen(true);
 }
 
 }  // namespace platform::automation

@@ -21,7 +21,7 @@ std::vector<std::filesystem::path> SourceFilesBelow(const std::filesystem::path&
 }
 
 Ref<Project> ReadWebSite(const std::filesystem::path& folder, const std::string& name, const std::weak_ptr<DTE>& dte,
-                         std::vector<std::string>& warnings) {
+                         std::vector<LoadWarning>& warnings) {
   const auto dir = NormalizedAbsolute(folder);
   auto project = std::make_shared<Project>(name, kProjectKindWebSite, dir, dte);
   project->SetObject(std::make_shared<WebSiteProject>());
@@ -31,6 +31,7 @@ Ref<Project> ReadWebSite(const std::filesystem::path& folder, const std::string&
   for (auto& file : SourceFilesBelow(dir)) {
     ProjectEntry entry;
     entry.fullPath = file;
+    entry.compiled = true;  // a web site compiles every source below its folder
     std::string full = file.generic_string();
     entry.displayPath = full.compare(0, prefix.size(), prefix) == 0 ? full.substr(prefix.size()) : file.filename().string();
     if (LowerAscii(file.extension().string()) == ".vb") ++vbFiles;

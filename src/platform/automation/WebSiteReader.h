@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/automation/LoadWarning.h"
 #include "platform/core/Ref.h"
 
 namespace platform::automation {
@@ -20,6 +21,6 @@ std::vector<std::filesystem::path> SourceFilesBelow(const std::filesystem::path&
 /// Its symbols are those of the language most of its files are in (C# when even).
 /// Missing folders give a project without items; this never throws.
 Ref<Project> ReadWebSite(const std::filesystem::path& folder, const std::string& name, const std::weak_ptr<DTE>& dte,
-                         std::vector<std::string>& warnings);
+                         std::vector<LoadWarning>& warnings);
 
 }  // namespace platform::automation

@@ -6,6 +6,8 @@
 #include <iostream>
 #include <string>
 
+#include "platform/core/StderrLine.h"
+
 namespace platform::forms {
 namespace {
 std::shared_ptr<MessageBoxPresenter>& Slot() {
@@ -40,6 +42,8 @@ int MsgBox(const std::string& prompt, int style, const std::string& title) {
 }
 
 int ConsoleMessageBoxes::Show(const std::string& prompt, int style, const std::string& title) {
+  // A progress line drawn in place stays above the message, which starts a line of its own.
+  stderr_line::End();
   std::fprintf(stderr, "%s: %s\n", title.c_str(), prompt.c_str());
   int buttons = Buttons(style);
   if (buttons == vbOKOnly) return vbOK;

@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "platform/core/StderrLine.h"
+
 namespace platform::suite {
 namespace {
 std::shared_ptr<ErrorReport>& Slot() {
@@ -20,6 +22,7 @@ std::shared_ptr<ErrorReport> ErrorReport::Install(std::shared_ptr<ErrorReport> r
 
 void StderrErrorReport::Report(const std::string& message, const std::string& source, int line,
                                bool) {
+  stderr_line::End();
   if (source.empty())
     std::fprintf(stderr, "annotra: %s\n", message.c_str());
   else

@@ -120,13 +120,19 @@ void IniSettingsStore::Load() {
   }
 }
 
-Variant IniSettingsStore::Read(const std::string& section, const std::string& key,
-                               const Variant& def) {
+std::optional<Variant> IniSettingsStore::Find(const std::string& section, const std::string& key) {
   Load();
   auto s = m_values.find(section);
-  if (s == m_values.end()) return def;
+  if (s == m_values.end()) return std::nullopt;
   auto k = s->second.find(key);
-  return k == s->second.end() ? def : k->second;
+  if (k == s->second.end()) return std::nullopt;
+  return k->second;
+}
+
+Variant IniSettingsStore::Read(const std::string& section, const std::string& key,
+                               const Variant& def) {
+  auto value = Find(section, key);
+  return value ? *value : def;
 }
 
 void IniSettingsStore::Write(const std::string& section, const std::string& key,

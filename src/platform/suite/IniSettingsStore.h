@@ -26,6 +26,7 @@ class IniSettingsStore : public SettingsStore {
 
   Variant Read(const std::string& section, const std::string& key, const Variant& def) override;
   void Write(const std::string& section, const std::string& key, const Variant& value) override;
+  std::optional<Variant> Find(const std::string& section, const std::string& key) override;
 
   const std::filesystem::path& path() const { return m_path; }
 

@@ -1,4 +1,5 @@
 #pragma once
+#include <optional>
 #include <string>
 
 #include "platform/core/Variant.h"
@@ -16,6 +17,16 @@ class SettingsStore {
   /// cannot be written.
   virtual void Write(const std::string& section, const std::string& key,
                      const Variant& value) = 0;
+  /// The stored value, or none when nothing is stored under section and key (a stored
+  /// Empty is a value). This default asks Read with two different defaults: a stored
+  /// value answers both alike, an absent one gives each default back.
+  virtual std::optional<Variant> Find(const std::string& section, const std::string& key) {
+    Variant first = Read(section, key, Variant(0));
+    if (first != Variant(0)) return first;
+    Variant second = Read(section, key, Variant(1));
+    if (second != Variant(1)) return second;
+    return std::nullopt;
+  }
 };
 
 }  // namespace platform::suite

@@ -1,5 +1,11 @@
 #include "platform/suite/TeamDatabase.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <filesystem>
 
 #include "platform/dao/DaoConstants.h"
@@ -8,7 +14,9 @@
 #include "platform/dao/TableDef.h"
 #include "platform/dao/Workspace.h"
 #include "platform/suite/ElementKinds.h"
+#include "platform/core/Error.h"
 #include "platform/suite/ServiceObject.h"
+#include "platform/suite/TempFileNamer.h"
 
 namespace platform::suite {
 
@@ -64,21 +72,52 @@ void TeamDatabase::CreateTemplateTable(dao::Database& db, const std::vector<Temp
   rs->Close();
 }
 
+namespace {
+
+// Publishes the finished file `made` under `path` unless a file is there already, in
+// one step (a hard link, else a rename that does not replace). False when `path` was
+// taken meanwhile. Throws error 75 when neither step works here.
+bool PublishWithoutReplacing(const std::string& made, const std::string& path) {
+  if (::link(made.c_str(), path.c_str()) == 0) return true;
+  int error = errno;
+  if (error == EEXIST) return false;
+  // Hard links are not everywhere (some network and FUSE file systems).
+  if (::renameat2(AT_FDCWD, made.c_str(), AT_FDCWD, path.c_str(), RENAME_NOREPLACE) == 0) return true;
+  if (errno == EEXIST) return false;
+  throw Error(err::kPathFileAccess,
+              "The team database <" + path + "> cannot be made: " + std::strerror(error));
+}
+
+}  // namespace
+
 Ref<dao::Database> TeamDatabase::OpenOrCreate(dao::Workspace& workspace, const std::string& path) {
   std::error_code ec;
   if (std::filesystem::exists(path, ec)) return workspace.OpenDatabase(path);
   auto folder = std::filesystem::path(path).parent_path();
   if (!folder.empty()) std::filesystem::create_directories(folder, ec);
-  auto db = workspace.CreateDatabase(path, dao::dbLangGeneral);
+  // The database is made whole in a file of its own beside the real one and only then
+  // published under the real name, in a step that never replaces a file: a run that finds
+  // the name finds a whole database, and of two first runs at once the second opens the
+  // first one's.
+  TempFileNamer namer;
+  namer.MakeTempName("db", folder.empty() ? "./" : folder.string());
+  const std::string made = namer.FullPath();
   try {
-    CreateTemplateTable(*db, DefaultTemplates());
-  } catch (...) {
-    // A half-made team database would hide the defaults from every later run.
+    auto db = workspace.CreateDatabase(made, dao::dbLangGeneral);
+    try {
+      CreateTemplateTable(*db, DefaultTemplates());
+    } catch (...) {
+      db->Close();
+      throw;
+    }
     db->Close();
-    std::filesystem::remove(path, ec);
+    PublishWithoutReplacing(made, path);
+  } catch (...) {
+    std::filesystem::remove(made, ec);
     throw;
   }
-  return db;
+  std::filesystem::remove(made, ec);
+  return workspace.OpenDatabase(path);
 }
 
 }  // namespace platform::suite

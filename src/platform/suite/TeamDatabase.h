@@ -33,8 +33,11 @@ class TeamDatabase {
   static std::string DefaultPath();
 
   /// Opens the team database at `path`; when the file is missing, makes it (and its
-  /// folder) with the template table and the default templates first. Throws the
-  /// database engine's error when the file cannot be made or opened.
+  /// folder) with the template table and the default templates first. The file is made
+  /// whole or not at all: built under another name and then published under `path`
+  /// without replacing a file another process published meanwhile, so any number of
+  /// processes may do this at once. Throws the database engine's error, or 75, when the
+  /// file cannot be made or opened.
   static Ref<dao::Database> OpenOrCreate(dao::Workspace& workspace, const std::string& path);
 
   /// Makes the table "XMLComments" in `db` and fills it with `templates`.
