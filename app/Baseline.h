@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Finding.h"
+#include "FindingSource.h"
 
 namespace app {
 
@@ -45,6 +46,28 @@ class Baseline {
   std::unordered_map<std::string, Entry> m_entries;
   int64_t m_size = 0;
   int64_t m_remaining = 0;
+};
+
+/// The findings of `source` that `baseline` does not hold, in their order. Each pass
+/// (from the start, or from Rewind) matches against the whole baseline afresh.
+class NewFindings : public FindingSource {
+ public:
+  NewFindings(FindingSource& source, Baseline& baseline) : m_source(source), m_baseline(baseline) {
+    m_baseline.Reset();
+  }
+  void Rewind() override {
+    m_source.Rewind();
+    m_baseline.Reset();
+  }
+  bool Next(Finding& finding) override {
+    while (m_source.Next(finding))
+      if (!m_baseline.Take(finding)) return true;
+    return false;
+  }
+
+ private:
+  FindingSource& m_source;
+  Baseline& m_baseline;
 };
 
 }  // namespace app

@@ -119,3 +119,18 @@ TEST_F(BaselineTest, OnlyResultFilesAreBaselines) {
   const std::string bytes = testsupport::ReadFile(MakeFile("cut.xmm", "xmm", std::vector<FindingRow>(3000, one[0])));
   EXPECT_EQ(ErrorOf([&] { Baseline::Load(dir.Write("half.xmm", bytes.substr(0, bytes.size() / 2)).string()); }), 3343);
 }
+
+TEST(BaselineFilter, EveryPassLeavesOutWhatTheBaselineHolds) {
+  Baseline baseline;
+  baseline.Add(F("P", "Run", "No comment"));
+  baseline.Add(F("P", "Old", "Gone"));
+  app::ListedFindings run({F("P", "Run", "No comment", 50), F("P", "Run", "No comment", 60), F("P", "New", "x")});
+  app::NewFindings fresh(run, baseline);
+  for (int pass = 0; pass < 2; ++pass) {
+    fresh.Rewind();
+    std::vector<std::string> shown;
+    for (Finding f; fresh.Next(f);) shown.push_back(f.Member + ":" + std::to_string(f.Start));
+    EXPECT_EQ(shown, (std::vector<std::string>{"Run:60", "New:1"})) << pass;
+    EXPECT_EQ(baseline.Remaining(), 1);  // "Old" is gone
+  }
+}

@@ -171,6 +171,7 @@ void CXmlAnalyzer::Find() {
 
 void CXmlAnalyzer::Find_CC() {
   Steps step(Source("Find_CC"));
+  m_lastAnalysis = AnalysisSummary();
   std::string grammar;
   bool exists = false;
   step(1, [&] {
@@ -187,7 +188,10 @@ void CXmlAnalyzer::Find_CC() {
   step(4, [&] { platform::forms::DoEvents(); });
   // While the analysis writes the results table, the grid stands on the other layout.
   auto browser = std::make_unique<CXmlAnalyzerBrowser>();
-  step(5, [&] { browser->Find(); });
+  step(5, [&] {
+    browser->Find();
+    m_lastAnalysis = {true, browser->Matches(), browser->Cancelled(), browser->DefinitionTallies()};
+  });
   step(6, [&] { m_oXMLAnalyzerWindow->LoadLayout(kResultsLayout); });
   step(6, [&] { platform::forms::DoEvents(); });
   step(7, [&] {

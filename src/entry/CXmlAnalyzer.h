@@ -1,9 +1,11 @@
 #pragma once
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "analysis/CXmlAnalyzerBrowser.h"
 #include "platform/core/Event.h"
 #include "platform/core/Ref.h"
 
@@ -103,6 +105,19 @@ class CXmlAnalyzer {
   /// before Init and after Shutdown.
   platform::Ref<CXmlAnalyzerWindow> Controller() const { return m_oXMLAnalyzerWindow; }
 
+  /// What the last analysis run by Find or refresh gave, for hosts that report more than
+  /// the pane shows (the command line). Emptied when a run starts, so `ran` is false
+  /// after a run that could not start (a missing grammar file).
+  struct AnalysisSummary {
+    bool ran = false;
+    int32_t matches = 0;     ///< the findings written
+    bool cancelled = false;  ///< stopped with Ctrl+C before its end
+    /// Per project, the definitions the definition checks looked at and those without a
+    /// finding.
+    std::map<std::string, CXmlAnalyzerBrowser::DefinitionTally> tallies;
+  };
+  const AnalysisSummary& LastAnalysis() const { return m_lastAnalysis; }
+
   // --- Events raised to the host, in their order -------------------------------------
   /// The pane wants its context menu: hit code, docked, group-by box visible, row count,
   /// a finding selected, can refresh, extra information ("C3", "G1" or ""); all by
@@ -125,6 +140,7 @@ class CXmlAnalyzer {
   void Disconnect();
 
   platform::Ref<CXmlAnalyzerWindow> m_oXMLAnalyzerWindow;
+  AnalysisSummary m_lastAnalysis;
   std::vector<std::pair<int, int>> m_connections;  // which event, connection id
 };
 

@@ -223,10 +223,16 @@ TEST_F(EntryTest, AnAnalysisCaptionsItsCountAndCancellingChangesNothing) {
   EXPECT_FALSE(Controller().CanRefresh());
   EXPECT_FALSE(analyzer->IsVisible());
 
+  EXPECT_FALSE(analyzer->LastAnalysis().ran);
   Begin();
   analyzer->Find();
   EXPECT_EQ(Rows(), 2);
   EXPECT_EQ(Caption(), std::string(kCaption) + " (2 problems)");
+  EXPECT_TRUE(analyzer->LastAnalysis().ran);
+  EXPECT_EQ(analyzer->LastAnalysis().matches, 2);
+  EXPECT_FALSE(analyzer->LastAnalysis().cancelled);
+  ASSERT_EQ(analyzer->LastAnalysis().tallies.count("Demo"), 1u);
+  EXPECT_EQ(analyzer->LastAnalysis().tallies.at("Demo").withoutFinding, 0);
   EXPECT_TRUE(Controller().CanRefresh());
   EXPECT_TRUE(analyzer->IsVisible());
   EXPECT_EQ(Doc().CurrentLayout(), "iwxml1.lyt");
@@ -325,6 +331,7 @@ TEST_F(EntryTest, AMissingGrammarFileKeepsThePreviousResults) {
   Begin();
   analyzer->Find();
   EXPECT_EQ(Modals().size(), 2u);  // the dialog was shown first
+  EXPECT_FALSE(analyzer->LastAnalysis().ran);
   ASSERT_EQ(report->entries.size(), 1u);
   EXPECT_EQ(report->entries[0].message, "Could not find the file <" + (dir.path() / "nothing" / "XML.GMR").string() + ">");
   EXPECT_EQ(report->entries[0].source, "");
