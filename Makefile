@@ -5,7 +5,7 @@
 
 PACKAGES := cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev \
             libsqlite3-dev sqlite3 libpugixml-dev libcli11-dev ccache tmux \
-            libcups2-dev tidy python3-html5lib libncurses-dev
+            libcups2-dev tidy python3-html5lib libgsf-1-dev python3-xlrd libncurses-dev
 JOBS ?= $(shell nproc)
 # ccache makes rebuilds of an unchanged tree (CI on the same machine) quick.
 LAUNCHER := -DCMAKE_CXX_COMPILER_LAUNCHER=ccache

@@ -6,29 +6,31 @@
 #include <filesystem>
 #include <iostream>
 
+#include "Baseline.h"
+#include "Component.h"
 #include "ExitStatus.h"
 #include "FindingFiles.h"
 #include "FindingSource.h"
 #include "FindingsWriter.h"
 #include "Host.h"
 #include "HostState.h"
-#include "OutputFile.h"
+#include "RunOutput.h"
 #include "RunSettings.h"
 #include "SignalCleanup.h"
 #include "Version.h"
-#include "analysis/CXmlAnalyzerBrowser.h"
+#include "entry/CXmlAnalyzer.h"
 #include "host/MGlobals.h"
 #include "host/SettingsKeys.h"
 #include "platform/core/Error.h"
 #include "platform/core/StderrLine.h"
+#include "platform/dao/Database.h"
+#include "platform/forms/ScriptedPresenter.h"
 #include "platform/grammar/GrammarParser.h"
 #include "platform/suite/MemorySettingsStore.h"
 #include "platform/suite/Scopes.h"
 #include "platform/suite/SettingsStore.h"
 #include "results/MGlobals_ResultsDb.h"
 
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace app {
 
@@ -61,28 +63,6 @@ std::string CheckGrammarFiles() {
   return "";
 }
 
-// The folder of the file --output names must be there; checked before the analysis, so
-// a typo does not cost a whole run.
-std::string CheckOutputFolder(const std::string& output) {
-  fs::path folder = fs::path(output).parent_path();
-  if (folder.empty()) folder = ".";
-  std::error_code ec;
-  if (!fs::is_directory(folder, ec)) return "the output cannot be written to <" + output + ">: no folder " + folder.string();
-  return "";
-}
-
-// The width of the terminal standard output shows, 0 when it is no terminal.
-size_t TerminalWidth() {
-  if (!isatty(STDOUT_FILENO)) return 0;
-  winsize size{};
-  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
-  if (const char* columns = std::getenv("COLUMNS")) {
-    int n = std::atoi(columns);
-    if (n > 0) return static_cast<size_t>(n);
-  }
-  return 80;
-}
-
 // The folder that SARIF's %SRCROOT% names: --source-root, else the folder of the
 // analysed solution (or the folder itself).
 fs::path SourceRoot(const AnalyzeRequest& r) {
@@ -95,11 +75,31 @@ fs::path SourceRoot(const AnalyzeRequest& r) {
   return text;
 }
 
-std::vector<ProjectTally> TalliesOf(const annotra::CXmlAnalyzerBrowser& browser) {
+std::vector<ProjectTally> TalliesOf(const annotra::CXmlAnalyzer::AnalysisSummary& run) {
   std::vector<ProjectTally> tallies;
-  for (const auto& [project, tally] : browser.DefinitionTallies())
-    tallies.push_back({project, tally.definitions, tally.withoutFinding});
+  for (const auto& [project, tally] : run.tallies) tallies.push_back({project, tally.definitions, tally.withoutFinding});
   return tallies;
+}
+
+// Takes the baseline's findings out of the results table: the page of --format html is
+// made from the table itself.
+void RemoveHeldFindings(FindingSource& findings, Baseline& baseline) {
+  std::vector<int32_t> held;
+  baseline.Reset();
+  findings.Rewind();
+  for (Finding f; findings.Next(f);)
+    if (baseline.Take(f)) held.push_back(f.ID);
+  for (int32_t id : held)
+    annotra::MGlobals::XMLAnalyzerDb()->Execute("DELETE * FROM XMLAnalyzer1 WHERE ID = " + std::to_string(id),
+                                                platform::dao::dbFailOnError);
+}
+
+// Whether any project the baseline names is in the solution.
+bool BaselineFitsSolution(const Baseline& baseline) {
+  if (baseline.Size() == 0) return true;
+  for (const auto& project : baseline.Projects())
+    if (annotra::MGlobals::SearchProject(project)) return true;
+  return false;
 }
 
 }  // namespace
@@ -147,7 +147,19 @@ int RunAnalyzeCommand(const AnalyzeRequest& r, std::ostream& out) {
     if (std::string error = CheckScopeNeeds(scope, origin, r); !error.empty()) return Usage(error);
   }
   if (r.output)
-    if (std::string error = CheckOutputFolder(*r.output); !error.empty()) return CannotRun(error);
+    if (std::string error = CheckFileFolder(*r.output, "the output"); !error.empty()) return CannotRun(error);
+  if (r.save)
+    if (std::string error = CheckFileFolder(*r.save, "the findings"); !error.empty()) return CannotRun(error);
+  // The baseline is read before anything runs: a wrong one costs no analysis.
+  std::optional<Baseline> baseline;
+  if (r.baseline) {
+    try {
+      baseline = Baseline::Load(*r.baseline);
+    } catch (const platform::Error& e) {
+      std::fprintf(stderr, "annotra: the baseline <%s> cannot be loaded: %s\n", r.baseline->c_str(), e.description.c_str());
+      return kCannotLoad;
+    }
+  }
 
   // 3. The host, with the run's store and no per-machine settings; the component's
   // grammar files before anything is loaded.
@@ -165,70 +177,74 @@ int RunAnalyzeCommand(const AnalyzeRequest& r, std::ostream& out) {
   }
   if (!host.OpenDatabases(settings.teamDatabase)) return kCannotLoad;
 
-  // 5. The options dialog, played with the flags; "&Begin >>" stores them in the run's
-  // store, where the analysis reads them. The documents the walk keeps open are the
-  // host's setting, not the dialog's.
+  // 5. The component, as the host add-in starts it; its results database is made here.
   try {
     if (checked.keepOpen)
       AppSettingsObject_HKCU->Write(section::Settings, key::OpenDocAllowed, platform::Variant(*checked.keepOpen));
   } catch (const platform::Error& e) {
     return CannotRun("the options cannot be stored: " + e.description);
   }
-  std::vector<std::string> problems;
-  if (!annotra::RunOptionsDialog(ChoicesOf(r, checked, storedScope.has_value()), problems))
-    return CannotRun("the options dialog could not be shown");
-  if (!problems.empty()) return Usage("the options cannot be set: " + problems.front());
+  Component component;
+  if (std::string error = component.Start(host.dte()); !error.empty()) return CannotRun(error);
 
-  // 6. The results database, made before the walk so that the signal handlers know its
-  // file from the moment it exists.
+  // 6. A new analysis: the options dialog, played with the flags ("&Begin >>" stores
+  // them in the run's store, where the analysis reads them; "&Cancel" when a choice
+  // cannot be made), then the walk. The documents the walk keeps open are the host's
+  // setting, not the dialog's.
+  auto user = std::make_shared<platform::forms::ScriptedPresenter>();
+  annotra::QueueOptionsChoices(*user, ChoicesOf(r, checked, storedScope.has_value()), true);
   {
-    signals::BlockedSignals blocked;
-    if (!annotra::MGlobals::XMLAnalyzerDb())
-      return CannotRun("the results database cannot be made in <" + fs::temp_directory_path().string() + ">");
-    signals::SetCleanupFile(annotra::MGlobals::XMLAnalyzerDbFile());
-  }
-
-  // 7. The analysis.
-  annotra::CXmlAnalyzerBrowser browser;
-  {
+    platform::forms::ScopedPresenter scope(user);
     signals::WalkInProgress walking;
-    browser.Find();
+    component.analyzer().Find();
   }
   platform::stderr_line::End();
+  if (!user->errors.empty()) return Usage("the options cannot be set: " + user->errors.front());
+  const annotra::CXmlAnalyzer::AnalysisSummary& run = component.analyzer().LastAnalysis();
+  if (!run.ran) return CannotRun("the analysis did not run");
 
-  // 8. The output, read from the results table.
-  OutputFile output;
-  std::string error;
-  if (!output.Open(r.output.value_or(""), error)) return CannotRun("the output cannot be written to " + error);
+  // 7. The result file or spreadsheet, as the pane's save command writes it: the whole
+  // run, whatever the baseline holds.
+  if (r.save)
+    if (std::string error = component.Save(*r.save); !error.empty())
+      return CannotRun("the findings cannot be saved to <" + *r.save + ">: " + error);
+
+  // 8. The output, read from the results table (without the baseline's findings).
   OutputContext context;
   std::error_code ec;
   context.currentFolder = fs::current_path(ec);
   context.sourceRoot = SourceRoot(r);
   context.width = !r.output && &out == &std::cout ? TerminalWidth() : 0;
   context.version = kVersion;
-  context.tallies = TalliesOf(browser);
-  std::ostream& stream = r.output ? output.stream() : out;
-  int writeErrno = 0;  // why the first failing write failed, which later calls may forget
+  context.tallies = TalliesOf(run);
+  int64_t reported = run.matches;
+  std::string error;
   try {
     FindingFiles files(host.dte());
-    ResultsTableFindings findings(annotra::MGlobals::XMLAnalyzerDb(), files);
-    errno = 0;
-    if (!WriteFindings(stream, findings, checked.format, context)) writeErrno = errno;
+    ResultsTableFindings table(annotra::MGlobals::XMLAnalyzerDb(), files);
+    if (!baseline) {
+      error = WriteRunOutput(out, r.output, table, checked.format, context);
+    } else {
+      if (!BaselineFitsSolution(*baseline))
+        std::fprintf(stderr, "annotra: warning: the baseline <%s> names none of this solution's projects: it comes from another solution\n",
+                     r.baseline->c_str());
+      NewFindings fresh(table, *baseline);
+      reported = 0;
+      for (Finding f; fresh.Next(f);) ++reported;
+      const int64_t gone = baseline->Remaining();
+      if (checked.format == OutputFormat::Html) RemoveHeldFindings(table, *baseline);
+      error = WriteRunOutput(out, r.output, fresh, checked.format, context);
+      std::fprintf(stderr, "annotra: %lld new finding%s; %lld findings of the baseline are gone\n",
+                   static_cast<long long>(reported), reported == 1 ? "" : "s", static_cast<long long>(gone));
+    }
   } catch (const platform::Error& e) {
-    output.Close(error);
-    return CannotRun("the findings cannot be read from the results database: " + e.description);
+    error = "the findings cannot be read from the results database: " + e.description;
   }
-  stream.flush();
-  const bool streamGood = static_cast<bool>(stream);
-  if (!output.Close(error) || !streamGood) {
-    if (error.empty() || (writeErrno && error.ends_with("cannot be written")))
-      error = output.Where() + ": " + (writeErrno ? std::strerror(writeErrno) : "cannot be written");
-    return CannotRun("the output cannot be written to " + error);
-  }
+  if (!error.empty()) return CannotRun(error);
 
-  if (browser.Cancelled())
+  if (run.cancelled)
     return CannotRun("the analysis was stopped (Ctrl+C) before its end: the findings are those of the part walked");
-  return r.failOnFindings && browser.Matches() > 0 ? kFindings : kDone;
+  return r.failOnFindings && reported > 0 ? kFindings : kDone;
 }
 
 }  // namespace app

@@ -95,6 +95,10 @@ CLI::App* AddAnalyzeCommand(CLI::App& cli, AnalyzeRequest& r) {
   AddOne(cmd, "--source-root", r.sourceRoot, "The folder SARIF paths are relative to (default: the solution's)");
   cmd->add_flag("--fail-on-findings", r.failOnFindings, "Exit with status 1 when there are findings");
   cmd->add_flag("--verbose", r.verbose, "Also show the loader's warnings about items that are not compiled");
+  AddOne(cmd, "--save", r.save,
+         "Also save the findings as the pane does: FILE.xls a spreadsheet, any other name a result file (.xmm)");
+  AddOne(cmd, "--baseline", r.baseline,
+         "Report only findings the result file FILE.xmm does not hold (matched without their lines)");
   return cmd;
 }
 
@@ -143,6 +147,8 @@ std::string CheckFlags(const AnalyzeRequest& r, CheckedFlags& checked) {
   if (!ParseOutputFormat(r.format, checked.format))
     return "--format " + Quoted(r.format) + ": expected one of " + OutputFormatNames();
   if (r.output && r.output->empty()) return "--output '': expected a file to write";
+  if (r.save && r.save->empty()) return "--save '': expected a file to write";
+  if (r.baseline && r.baseline->empty()) return "--baseline '': expected a result file";
   if (r.sourceRoot) {
     std::error_code ec;
     if (r.sourceRoot->empty() || !std::filesystem::is_directory(*r.sourceRoot, ec))

@@ -37,6 +37,9 @@ struct AnalyzeRequest {
   std::optional<std::string> sourceRoot;
   bool failOnFindings = false;
   bool verbose = false;
+  // Result files.
+  std::optional<std::string> save;
+  std::optional<std::string> baseline;
 };
 
 /// The request's values, checked and converted.

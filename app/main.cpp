@@ -7,6 +7,7 @@
 #include "AnalyzeCommand.h"
 #include "CodemodelCommand.h"
 #include "Host.h"
+#include "ShowCommand.h"
 #include "SolutionCommand.h"
 #include "TemplatesCommand.h"
 #include "Version.h"
@@ -18,6 +19,9 @@ int main(int argc, char** argv) {
 
   app::AnalyzeRequest analyzeRequest;
   auto* analyze = app::AddAnalyzeCommand(cli, analyzeRequest);
+
+  app::ShowRequest showRequest;
+  auto* show = app::AddShowCommand(cli, showRequest);
 
   std::string solutionPath;
   auto* solution = cli.add_subcommand("solution", "Show the solution as the walk sees it: projects, folders, items and their languages");
@@ -40,6 +44,7 @@ int main(int argc, char** argv) {
   }
 
   if (*analyze) return app::RunAnalyzeCommand(analyzeRequest, std::cout);
+  if (*show) return app::RunShowCommand(showRequest, std::cout);
   if (*solution) return app::RunSolutionCommand(solutionPath, std::cout);
   if (*codemodel) return app::RunCodemodelCommand(codemodelPath, std::cout);
   if (*templates) return app::RunTemplatesCommand(templateArgs, std::cout, std::cerr);

@@ -123,6 +123,15 @@ int16_t GetCheckBoxData(const std::string& key, const platform::Variant& def);
 /// Stores the integer 1 when `value` is 1, else 0.
 void SetCheckBoxData(const std::string& key, int16_t value);
 
+// Folders last used by the file dialogs (section "LastPaths").
+/// The folder stored under `key`; "" when nothing is stored or no per-user settings
+/// store was handed over. Errors are reported ("Quillmark.MGlobals.GetLastUsedPath").
+std::string GetLastUsedPath(const std::string& key);
+/// Stores `path` under `key`, first made to end in "/" (the caller's string gains it);
+/// nothing when the path is blank or there is no per-user store. Errors are reported
+/// ("Quillmark.MGlobals.SaveLastUsedPath").
+void SaveLastUsedPath(const std::string& key, std::string& path);
+
 // Window helpers.
 /// Sets name, size, character set, bold and italic of `font`, in that order; errors are
 /// ignored.

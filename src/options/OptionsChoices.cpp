@@ -53,7 +53,7 @@ void ShowPage(ScriptedPresenter& user, FOptions& dialog, const char* key) {
 
 }  // namespace
 
-void QueueOptionsChoices(ScriptedPresenter& user, const OptionsChoices& choices) {
+void QueueOptionsChoices(ScriptedPresenter& user, const OptionsChoices& choices, bool cancelOnProblems) {
   ScriptedPresenter* u = &user;
   if (choices.scope) {
     const int32_t value = *choices.scope;
@@ -112,7 +112,17 @@ void QueueOptionsChoices(ScriptedPresenter& user, const OptionsChoices& choices)
     }
     user.Click("&OK");
   }
-  user.Click("&Begin >>");
+  if (!cancelOnProblems) {
+    user.Click("&Begin >>");
+    return;
+  }
+  user.Do([u](Form& form) {
+    const char* button = u->errors.empty() ? "&Begin >>" : "&Cancel";
+    platform::forms::Control* c = form.FindControl(button);
+    if (!c) return u->errors.push_back(std::string("no control '") + button + "' on " + form.Name());
+    u->log.push_back("click " + c->Name);
+    if (!c->UserClick()) u->errors.push_back(std::string("'") + button + "' cannot be clicked");
+  });
 }
 
 bool RunOptionsDialog(const OptionsChoices& choices, std::vector<std::string>& problems) {

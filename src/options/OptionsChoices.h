@@ -44,8 +44,11 @@ struct OptionsChoices {
 /// (checking a governing box for a moment when its dependent box must change), types
 /// the line limit over the old one, and opens "&Options" for the required tags. What
 /// cannot be done (a scope the selector does not offer, a tag the templates do not
-/// have) lands in `user.errors`, and the rest is still played.
-void QueueOptionsChoices(platform::forms::ScriptedPresenter& user, const OptionsChoices& choices);
+/// have) lands in `user.errors`, and the rest is still played; with `cancelOnProblems`
+/// the dialog is then left with "&Cancel" instead, so nothing runs on choices that were
+/// not all made.
+void QueueOptionsChoices(platform::forms::ScriptedPresenter& user, const OptionsChoices& choices,
+                         bool cancelOnProblems = false);
 
 /// Plays the options dialog with `choices` as the command line does: a scripted user on
 /// a new dialog, GetOptions, unload. The dialog stores the choices in the per-user

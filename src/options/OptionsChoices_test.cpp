@@ -87,6 +87,34 @@ TEST_F(OptionsChoicesTest, WhatCannotBeChosenIsSaidAndTheRestIsStillMade) {
             "{Field (variable, constant)}");
 }
 
+TEST_F(OptionsChoicesTest, ChoicesNotAllMadeCanCancelTheDialogInstead) {
+  OptionsChoices c;
+  c.scope = 5;  // no scope
+  c.enableBody = false;
+  auto user = User();
+  QueueOptionsChoices(*user, c, true);
+  platform::forms::ScopedPresenter scope(user);
+  FOptions dialog;
+  EXPECT_FALSE(dialog.GetOptions());
+  dialog.Unload();
+  EXPECT_EQ(user->errors, (std::vector<std::string>{"the scope selector offers no scope 5"}));
+  EXPECT_EQ(user->log.back(), "click Command2");
+  EXPECT_EQ(StoredRules().find("EnableBody=0"), std::string::npos);  // nothing stored
+
+  // All made: begun as without the flag.
+  c.scope = 4;
+  auto good = User();
+  QueueOptionsChoices(*good, c, true);
+  platform::forms::ScopedPresenter scopeGood(good);
+  FOptions again;
+  EXPECT_TRUE(again.GetOptions());
+  again.Unload();
+  EXPECT_TRUE(good->errors.empty());
+  EXPECT_EQ(good->log.back(), "click Command1");
+  EXPECT_EQ(Stored(key::LastScope), "4");
+  EXPECT_EQ(Stored(key::EnableBody), "0");
+}
+
 TEST_F(OptionsChoicesTest, RequireAllChecksEveryTagOfTheTemplates) {
   Store(key::XMLCheck, "{Class}");
   OptionsChoices c;

@@ -51,6 +51,11 @@ class CXmlAnalyzerWindow {
   /// (bound to its table at once unless `EmptyGrid`).
   void Initialize(const std::string& sWndCaption, const std::string& sWndGuid, const std::string& sLayoutFile,
                   const std::string& sDbTableName, bool EmptyGrid);
+  /// Replaces the results with those of a result file the user chooses in the results
+  /// file dialog, and shows them with "(<count> matches)" in the caption; CanRefresh
+  /// becomes False. A file that is no result file is refused with a message and
+  /// changes nothing but the folder remembered.
+  void LoadFile();
   void LoadLayout(const std::string& LayoutName);
   /// The print preview, titled kPrintPreviewTitle, with the header
   /// "Scribane - Annotra (<count> results)".
@@ -60,6 +65,10 @@ class CXmlAnalyzerWindow {
   void RemoveGroup(int16_t GroupIndex);
   /// Does nothing.
   void RestorePosition();
+  /// Saves the results table to a result file ("<name>.xmm") the user chooses in the
+  /// results file dialog, or, for a name ending in ".xls", exports the grid's visible
+  /// columns to a spreadsheet. Failures are shown in a message; the pane is unchanged.
+  void SaveFile();
   /// Shows the current row in the editor; raises SelectInCodeEvent with the line when
   /// there was one.
   void SelectInCode();

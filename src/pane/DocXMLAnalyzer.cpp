@@ -163,7 +163,17 @@ void DocXMLAnalyzer::RefetchGridEx() {
   Steps step(std::string(kSource) + "RefetchGridEx");
   step(1, [&] { GridEx1.ClearRows(); });
   step(2, [&] { GridEx1.KeepColumns = true; });
-  step(3, [&] { GridEx1.Refetch(); });
+  // The results database is opened anew whenever it is emptied, which closes the
+  // recordset the grid was bound to: the grid then reads its table in the database as
+  // it is now.
+  if (Quietly([&] { GridEx1.Refetch(); })) return;
+  step(3, [&] {
+    std::string table;
+    if (m_sCurrentLayout == kEmptyLayout) table = kEmptyTable;
+    else if (m_sCurrentLayout == kResultsLayout) table = kResultsTable;
+    else GridEx1.Refetch();  // no table of its own: the grid's error stands
+    GridEx1.Bind(MGlobals::XMLAnalyzerDb()->OpenRecordset(table, platform::dao::dbOpenDynaset));
+  });
 }
 
 // --- Grid commands ---------------------------------------------------------------------

@@ -77,7 +77,8 @@ class DocXMLAnalyzer : public platform::forms::Form, public platform::automation
   /// The print preview of the grid, with a header and the date and time in the footer;
   /// without a default printer, a message instead.
   void PrintPreview(const std::string& Title, const std::string& Header);
-  /// The grid reads the rows of its table again.
+  /// The grid reads the rows of its table again (from the results database as it is
+  /// now, when that was opened anew since the grid was bound).
   void RefetchGridEx();
   /// Removes the grouping with index `GroupIndex`; then SaveLayout.
   void RemoveGroup(int16_t GroupIndex);

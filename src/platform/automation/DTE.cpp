@@ -17,7 +17,8 @@ Ref<Document> Documents::Item(int index) const {
 
 DTE::DTE()
     : m_solution(std::make_shared<automation::Solution>("")),
-      m_statusBar(std::make_shared<automation::StatusBar>()) {}
+      m_statusBar(std::make_shared<automation::StatusBar>()),
+      m_mainWindow(std::make_shared<Window>("Development Environment", nullptr, nullptr, true)) {}
 
 Ref<automation::Documents> DTE::Documents() const {
   return std::make_shared<automation::Documents>(m_open);

@@ -55,6 +55,8 @@ class DTE : public Dispatch, public std::enable_shared_from_this<DTE> {
   /// The environment's root in the registry ("Software\Microsoft\VisualStudio\8.0").
   const std::string& RegistryRoot() const { return m_registryRoot; }
   Ref<automation::StatusBar> StatusBar() const { return m_statusBar; }
+  /// The environment's main window, the owner of its dialogs.
+  Ref<Window> MainWindow() const { return m_mainWindow; }
 
   // --- The host's state ------------------------------------------------------------------
   void SetSolution(Ref<automation::Solution> solution) { m_solution = std::move(solution); }
@@ -92,6 +94,7 @@ class DTE : public Dispatch, public std::enable_shared_from_this<DTE> {
   std::string m_registryRoot = "Software\\Microsoft\\VisualStudio\\8.0";
   Ref<automation::StatusBar> m_statusBar;
   std::shared_ptr<DocumentReadAhead> m_readAhead;
+  Ref<Window> m_mainWindow;
 };
 
 }  // namespace platform::automation

@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,7 +25,7 @@ class Window : public Dispatch {
   /// A window showing `document` (none for a tool window) with `object` as its Object.
   Window(std::string caption, Document* document, std::shared_ptr<Dispatch> object, bool visible)
       : m_caption(std::move(caption)), m_document(document), m_object(std::move(object)),
-        m_visible(visible) {}
+        m_visible(visible), m_hWnd(NextHandle()) {}
   const char* TypeName() const override { return "Window"; }
 
   const std::string& Caption() const { return m_caption; }
@@ -46,6 +47,8 @@ class Window : public Dispatch {
   Ref<Window> LinkedWindowFrame() const { return m_frame; }
   /// The identifier under which the environment keeps the window's place.
   const std::string& ObjectKind() const { return m_kind; }
+  /// The window's handle: a number no other window of the process has.
+  intptr_t HWnd() const { return m_hWnd; }
 
   // --- The host's side -------------------------------------------------------------
   /// Docks the window into `frame` (none: it floats).
@@ -60,6 +63,11 @@ class Window : public Dispatch {
   void SetObjectKind(std::string kind) { m_kind = std::move(kind); }
 
  private:
+  static intptr_t NextHandle() {
+    static intptr_t last = 0x10000;
+    return last += 4;
+  }
+
   std::string m_caption;
   class Document* m_document;
   std::shared_ptr<Dispatch> m_object;
@@ -70,6 +78,7 @@ class Window : public Dispatch {
   std::string m_kind;
   int m_width = 0;
   int m_height = 0;
+  intptr_t m_hWnd;
 };
 
 /// A 1-based collection of windows.

@@ -48,6 +48,8 @@ std::string DescriptionOf(int number) {
       return "The field is too small to accept the amount of data you attempted to add.";
     case err::kRecordDeleted: return "Record is deleted.";
     case err::kIsamNotFound: return "Could not find installable ISAM.";
+    case err::kFailureCreatingFile: return "Failure creating file.";
+    case err::kSpreadsheetFull: return "Spreadsheet is full.";
     case err::kCouldNotLock: return "Could not update; currently locked.";
     case err::kInvalidOperation: return "Invalid operation.";
     case err::kInvalidFieldType: return "Invalid field data type.";

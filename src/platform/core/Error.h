@@ -57,6 +57,8 @@ constexpr int kTableNotFound = 3078;      // Cannot find the input table or quer
 constexpr int kDatabaseExists = 3204;     // Database already exists
 constexpr int kPropertyNotFound = 3270;   // Property not found
 constexpr int kUnrecognizedFormat = 3343; // Unrecognized database format
+constexpr int kFailureCreatingFile = 3436; // Failure creating file (a spreadsheet)
+constexpr int kSpreadsheetFull = 3437;    // Spreadsheet is full
 constexpr int kKeyNotUnique = 35602;      // Key is not unique in collection
 }  // namespace err
 

@@ -108,7 +108,7 @@ TEST_F(DatabaseTest, ExecuteFailsWholeAndWithTheEnginesNumbers) {
   db->Execute("SELECT * INTO X IN \"" + file + "\" FROM XMLAnalyzer1", 128);
   EXPECT_EQ(ErrorOf([&] { db->Execute("SELECT * INTO X IN \"" + file + "\" FROM XMLAnalyzer1", 128); }), 3010);
   EXPECT_EQ(ErrorOf([&] { db->Execute("SELECT * FROM XMLAnalyzer1", 128); }), 3065);
-  EXPECT_EQ(ErrorOf([&] { db->Execute("SELECT [Flag] INTO [Excel 8.0; DATABASE=" + file + ".xls].[XMLAnalyzer] From [XMLAnalyzer1]", 128); }), 3170);
+  EXPECT_EQ(ErrorOf([&] { db->Execute("SELECT [Flag] INTO [dBASE IV; DATABASE=" + file + ".dbf].[XMLAnalyzer] From [XMLAnalyzer1]", 128); }), 3170);
   EXPECT_EQ(ErrorOf([&] { db->Execute("DELETE * FROM Nothing WHERE TRUE", 128); }), 3078);
   EXPECT_EQ(ErrorOf([&] { db->Execute("DELETE * FROM XMLAnalyzer1 WHERE NoField = 1", 128); }), 3061);
   EXPECT_EQ(ErrorOf([&] { db->Execute("DROP TABLE XMLAnalyzer1", 128); }), 3129);

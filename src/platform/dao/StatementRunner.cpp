@@ -4,8 +4,11 @@
 
 #include <filesystem>
 
+#include "platform/core/AsciiText.h"
 #include "platform/core/Error.h"
+#include "platform/dao/Biff8Workbook.h"
 #include "platform/dao/Catalog.h"
+#include "platform/dao/CompoundFile.h"
 #include "platform/dao/Connection.h"
 #include "platform/dao/Savepoint.h"
 #include "platform/dao/SqlTranslator.h"
@@ -22,6 +25,24 @@ std::string Canonical(const std::string& path) {
   auto canonical = std::filesystem::weakly_canonical(absolute, ec);
   return ec ? absolute.string() : canonical.string();
 }
+
+// The workbook file of an "Excel 8.0" connect string ("Excel 8.0; DATABASE=file"):
+// everything after its DATABASE=, which is last in the strings the engine is given, so
+// that the path may hold ";". Throws 3170 for another kind of target, 3044 without a
+// path.
+std::string WorkbookPath(const std::string& connect) {
+  std::string kind = Trim(connect.substr(0, connect.find(';')), " \t");
+  if (AsciiLower(kind) != "excel 8.0")
+    throw Error(err::kIsamNotFound, "Could not find installable ISAM for '" + kind + "'.");
+  size_t at = AsciiLower(connect).find("database=", connect.find(';'));
+  if (connect.find(';') == std::string::npos || at == std::string::npos || at + 9 == connect.size())
+    throw Error(err::kInvalidPath, "The connect string names no workbook.");
+  return connect.substr(at + 9);
+}
+
+// The class of an Excel workbook, as a compound file stores it:
+// {00020820-0000-0000-C000-000000000046}.
+const std::string kWorkbookClass("\x20\x08\x02\x00\x00\x00\x00\x00\xC0\x00\x00\x00\x00\x00\x00\x46", 16);
 
 }  // namespace
 
@@ -80,6 +101,8 @@ std::string StatementRunner::SelectPart(const SqlStatement& st, const std::strin
 int64_t StatementRunner::Run(const SqlStatement& st) {
   if (st.kind == SqlStatement::Kind::Select) throw Error(err::kCannotExecuteSelect);
   m_connection.FlushImplicit();
+  if (st.kind == SqlStatement::Kind::SelectInto && !st.target.connect.empty())
+    return RunExportToWorkbook(st, WorkbookPath(st.target.connect));
   // Files are attached before the unit of work begins: SQLite attaches outside
   // transactions only.
   SchemaOf(st.target);
@@ -176,6 +199,34 @@ int64_t StatementRunner::RunSelectInto(const SqlStatement& st) {
   m_connection.Exec("INSERT INTO " + Catalog::Quote(schema) + "." + Catalog::Quote(table->Name()) +
                     "(" + columns + ") " + select);
   return m_connection.Changes();
+}
+
+int64_t StatementRunner::RunExportToWorkbook(const SqlStatement& st, const std::string& path) {
+  SchemaOf(st.source);
+  Biff8Workbook book(st.target.name);
+  Statement query(m_connection, SelectPart(st, SqlTranslator::Expression(st.selectList)));
+  const int columns = query.ColumnCount();
+  if (columns > Biff8Workbook::kMaxColumns) throw Error(err::kSpreadsheetFull);
+  for (int c = 0; c < columns; ++c) {
+    const char* name = sqlite3_column_name(query.get(), c);
+    book.SetText(0, c, name ? name : "Expr" + std::to_string(1000 + c));
+  }
+  int row = 1;
+  while (query.Step()) {
+    // Every row fits or none is written.
+    if (row >= Biff8Workbook::kMaxRows) throw Error(err::kSpreadsheetFull);
+    for (int c = 0; c < columns; ++c) {
+      switch (query.ColumnType(c)) {
+        case SQLITE_NULL: break;
+        case SQLITE_INTEGER: book.SetNumber(row, c, static_cast<double>(query.ColumnInt64(c))); break;
+        case SQLITE_FLOAT: book.SetNumber(row, c, query.ColumnDouble(c)); break;
+        default: book.SetText(row, c, query.ColumnText(c)); break;
+      }
+    }
+    ++row;
+  }
+  WriteCompoundFile(path, {{"Workbook", book.Stream()}}, kWorkbookClass);
+  return row - 1;
 }
 
 int64_t StatementRunner::RunInsertSelect(const SqlStatement& st) {

@@ -24,7 +24,8 @@ void ServiceObject::ReportError(const std::string& message, const std::string& s
 
 std::string ServiceObject::DataFolder() const {
   std::string folder;
-  if (const char* home = std::getenv("ANNOTRA_HOME"); home && *home) folder = home;
+  if (!m_dataFolder.empty()) folder = m_dataFolder;
+  else if (const char* home = std::getenv("ANNOTRA_HOME"); home && *home) folder = home;
   else if (const char* xdg = std::getenv("XDG_CONFIG_HOME"); xdg && *xdg) folder = std::string(xdg) + "/annotra";
   else if (const char* user = std::getenv("HOME"); user && *user) folder = std::string(user) + "/.config/annotra";
   else folder = ".annotra";

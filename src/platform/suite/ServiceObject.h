@@ -27,9 +27,13 @@ class ServiceObject : public Dispatch {
   void TakeSettings(std::shared_ptr<SettingsStore> settings) { m_settings = std::move(settings); }
   /// Sends a report to the common error report.
   void ReportError(const std::string& message, const std::string& source, int line, bool flag);
-  /// The suite's data folder: ANNOTRA_HOME (default $XDG_CONFIG_HOME/annotra, else
-  /// ~/.config/annotra), ending in "/".
+  /// The suite's data folder: the one a host set with SetDataFolder, else ANNOTRA_HOME
+  /// (default $XDG_CONFIG_HOME/annotra, else ~/.config/annotra), ending in "/".
   std::string DataFolder() const;
+  /// Makes `folder` the data folder of this object ("": the environment's again), for a
+  /// host that keeps what the component writes there (layouts, the results folder)
+  /// apart from the user's.
+  void SetDataFolder(std::string folder) { m_dataFolder = std::move(folder); }
   /// The base folder of result files: the data folder's "Results/".
   std::string ResultsFolder() const;
   /// Makes `folder` and its parents when missing; true when it exists afterwards.
@@ -50,6 +54,7 @@ class ServiceObject : public Dispatch {
 
  private:
   std::shared_ptr<SettingsStore> m_settings;
+  std::string m_dataFolder;
 };
 
 /// The suite's file object.
