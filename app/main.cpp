@@ -6,6 +6,7 @@
 
 #include "AnalyzeCommand.h"
 #include "CodemodelCommand.h"
+#include "PaneCommand.h"
 #include "Host.h"
 #include "ShowCommand.h"
 #include "SolutionCommand.h"
@@ -24,6 +25,11 @@ int main(int argc, char** argv) {
   auto* show = app::AddShowCommand(cli, showRequest);
 
   std::string solutionPath;
+  std::string panePath;
+  auto* pane = cli.add_subcommand(
+      "pane", "Review the comments on the terminal: the results pane, the options dialog and the code of each finding");
+  pane->add_option("PATH", panePath, "A .sln, .slnx, .csproj, .vbproj, folder or source file (default: the current folder)");
+
   auto* solution = cli.add_subcommand("solution", "Show the solution as the walk sees it: projects, folders, items and their languages");
   solution->add_option("PATH", solutionPath, "A .sln, .slnx, .csproj, .vbproj, folder or source file")->required();
 
@@ -45,6 +51,7 @@ int main(int argc, char** argv) {
 
   if (*analyze) return app::RunAnalyzeCommand(analyzeRequest, std::cout);
   if (*show) return app::RunShowCommand(showRequest, std::cout);
+  if (*pane) return app::RunPaneCommand(panePath);
   if (*solution) return app::RunSolutionCommand(solutionPath, std::cout);
   if (*codemodel) return app::RunCodemodelCommand(codemodelPath, std::cout);
   if (*templates) return app::RunTemplatesCommand(templateArgs, std::cout, std::cerr);

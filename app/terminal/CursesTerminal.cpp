@@ -79,6 +79,10 @@ CursesTerminal::CursesTerminal() : m_impl(std::make_unique<Impl>()) {
   set_escdelay(25);
   curs_set(0);
   define_key(kMenuKeySequence, KEY_OPTIONS);
+  // Home and End as the terminals that terminfo entries do not describe send them
+  // (a VT220's, rxvt's, and xterm's two modes), so they work whatever TERM says.
+  for (const char* home : {"\033[1~", "\033[7~", "\033[H", "\033OH"}) define_key(home, KEY_HOME);
+  for (const char* end : {"\033[4~", "\033[8~", "\033[F", "\033OF"}) define_key(end, KEY_END);
   if (has_colors()) {
     m_colors = true;
     start_color();

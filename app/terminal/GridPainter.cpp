@@ -53,9 +53,11 @@ void GridPainter::Draw(const grid::Grid& g, const CellRect& rect, bool focused, 
   if (y < rect.Bottom()) {
     Style header{base, g.HeaderFont.Bold, false, true};
     blank(y, header);
-    for (const auto& span : spans) {
+    for (size_t i = 0; i < spans.size(); ++i) {
+      const auto& span = spans[i];
       int x0 = rect.x + FormLayout::CellsX(span.left);
       int x1 = rect.x + FormLayout::CellsX(span.left + span.width);
+      if (i + 1 == spans.size()) x1 = std::max(x1, right);
       std::string caption = text::Fit(platform::forms::PlainCaption(span.column->Caption), std::max(0, x1 - x0 - 1), m_g.ellipsis);
       PutCut(x0, y, columnsLeft, right, caption, header);
     }
@@ -87,9 +89,12 @@ void GridPainter::Draw(const grid::Grid& g, const CellRect& rect, bool focused, 
       PutCut(x, y, rect.x + selector, right, s, groupStyle);
       continue;
     }
-    for (const auto& span : spans) {
+    for (size_t i = 0; i < spans.size(); ++i) {
+      const auto& span = spans[i];
       int x0 = rect.x + FormLayout::CellsX(span.left);
       int x1 = rect.x + FormLayout::CellsX(span.left + span.width);
+      // The last column's text runs on to the grid's edge.
+      if (i + 1 == spans.size()) x1 = std::max(x1, right);
       std::string value;
       try {
         value = platform::ToString(row->Value(span.column->Index()));

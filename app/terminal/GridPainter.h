@@ -15,7 +15,8 @@ namespace app::terminal {
 /// headers (bold when the header font is), then the rows from the grid's top row: the
 /// current row marked in the selector and highlighted, group rows with their sign,
 /// "Caption: value" and the count, records in their cells, visited records dimmed (the
-/// row style of the format conditions). Columns scrolled off to the left are cut.
+/// row style of the format conditions). Columns scrolled off to the left are cut; the
+/// last column's text runs on to the grid's right edge.
 class GridPainter {
  public:
   GridPainter(Terminal& terminal, const Glyphs& glyphs) : m_t(terminal), m_g(glyphs) {}

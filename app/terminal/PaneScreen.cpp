@@ -82,7 +82,7 @@ CellRect PaneScreen::ToolClient(int columns, int rows) const {
 
 CellRect PaneScreen::EditorLines(int columns, int rows) const {
   CellRect tool = ToolClient(columns, rows);
-  int top = tool.Bottom() + 1 + 1;  // below the tool window's border and the editor's
+  int top = tool.Bottom() + 1;  // below the border the two windows share
   int bottom = rows - 1 - 1;        // above the editor's border and the status bar
   return {1, top, std::max(1, columns - 2), std::max(0, bottom - top)};
 }
@@ -332,6 +332,7 @@ bool PaneScreen::GlobalKey(const InputEvent& e) {
   if (e.kind != InputEvent::Key) return false;
   if (e.shift == mod::Ctrl) {
     switch (e.key) {
+      case 'C': return m_message = "Ctrl+C stops an analysis while it runs; q quits.", true;
       case 'N': return m_actions.execute(3), true;
       case 'S': return m_actions.execute(7), true;
       case 'O': return m_actions.execute(6), true;
