@@ -23,10 +23,10 @@ class PaneTmuxTest : public ::testing::Test {
     editor = home.Write("bin/editor", "#!/bin/sh\nprintf '%s|' \"$@\" > \"$(dirname \"$0\")/called\"\n");
     chmod(editor.c_str(), 0755);
   }
-  std::unique_ptr<TmuxSession> Start() {
+  std::unique_ptr<TmuxSession> Start(const std::string& solution = std::string(ANNOTRA_SOURCE_DIR) + "/samples/Demo.sln") {
     std::string command = "env TERM=xterm-256color LANG=C.UTF-8 ANNOTRA_HOME=" + TmuxSession::Quote(home.path().string()) +
                           " VISUAL=" + TmuxSession::Quote(editor.string()) + " " + ANNOTRA_BINARY + " pane " +
-                          TmuxSession::Quote(std::string(ANNOTRA_SOURCE_DIR) + "/samples/Demo.sln") +
+                          TmuxSession::Quote(solution) +
                           " & wait $!; echo EXIT=$?; echo \"TTY=$(stty -a | tr -s ' ;' '\\n\\n' | "
                           "grep -E '^-?(icanon|echo)$' | tr '\\n' ' ')\"; echo SHELL-DONE; exec sleep 600";
     return std::make_unique<TmuxSession>(command);
@@ -170,7 +170,7 @@ TEST_F(PaneTmuxTest, AReviewWithTheMouseAlone) {
   ExpectRestored(*t);
 }
 
-TEST_F(PaneTmuxTest, AToolbarButtonsHintShowsOnlyAfterTheMouseRested) {
+TEST_F(PaneTmuxTest, AToolbarButtonsHintShowsOnlyAfterTheMouseRestedAndResizingRedraws) {
   auto t = Start();
   ASSERT_TRUE(t->WaitFor(" New  Refresh ")) << t->Screen();
   auto button = t->Find(" New ");
@@ -183,6 +183,38 @@ TEST_F(PaneTmuxTest, AToolbarButtonsHintShowsOnlyAfterTheMouseRested) {
   }
   ASSERT_TRUE(t->WaitFor(hint, 5000)) << t->Screen();
   EXPECT_GE(std::chrono::steady_clock::now() - moved, std::chrono::milliseconds(500));
+  // A resized terminal is drawn anew at its size: the keys' line along its lower edge.
+  t->Resize(120, 40);
+  ASSERT_TRUE(t->WaitUntil([&](const std::string&) { return t->Find(" Enter code ").second == 38; })) << t->Screen();
+  EXPECT_EQ(t->Find("[×]┐").first, 116);
+  t->Keys({"q"});
+  ExpectRestored(*t);
+}
+
+TEST_F(PaneTmuxTest, CtrlCDuringAnAnalysisAsksWhetherToStop) {
+  // A project large enough that its walk is still going when Ctrl+C arrives.
+  testsupport::TempDir big;
+  big.Write("P/P.csproj", "<Project Sdk=\"Microsoft.NET.Sdk\"><PropertyGroup><TargetFramework>net8.0</TargetFramework>"
+                          "</PropertyGroup></Project>\n");
+  const int files = 10000;
+  for (int i = 0; i < files; ++i)
+    big.Write("P/C" + std::to_string(i) + ".cs", "namespace Big\n{\n  public class C" + std::to_string(i) +
+                                                     "\n  {\n    public int A(int x) { return x; }\n  }\n}\n");
+  auto t = Start((big.path() / "P/P.csproj").string());
+  ASSERT_TRUE(t->WaitFor(" New  Refresh ", 60000)) << t->Screen();
+  t->Keys({"C-n"});
+  ASSERT_TRUE(t->WaitFor("Definition Comments")) << t->Screen();
+  t->Keys({"e", "M-b"});
+  // The walk's progress is drawn as it goes; Ctrl+C asks.
+  ASSERT_TRUE(t->WaitFor("(press <Ctrl+C> to cancel)", 60000)) << t->Screen();
+  t->Keys({"C-c"});
+  ASSERT_TRUE(t->WaitFor("Do you want to stop the current operation?")) << t->Screen();
+  t->Keys({"y"});
+  ASSERT_TRUE(t->WaitFor(" problems)")) << t->Screen();
+  std::smatch count;
+  std::string screen = t->Screen();
+  ASSERT_TRUE(std::regex_search(screen, count, std::regex("\\(([0-9]+) problems\\)")));
+  EXPECT_LT(std::stoi(count[1]), 2 * files);  // stopped before the end
   t->Keys({"q"});
   ExpectRestored(*t);
 }

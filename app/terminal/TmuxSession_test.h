@@ -80,6 +80,11 @@ class TmuxSession {
     return {column, row};
   }
 
+  /// Resizes the window, as a person resizes the terminal.
+  void Resize(int columns, int rows) const {
+    Tmux("resize-window -t t -x " + std::to_string(columns) + " -y " + std::to_string(rows));
+  }
+
   /// Keys as send-keys names them ("Tab", "M-b", "C-c", "Enter", "F10").
   void Keys(const std::vector<std::string>& keys) const {
     std::string args;
