@@ -91,7 +91,7 @@ int RunPaneCommand(const std::string& path) {
   // The walk runs without the loop: the screen follows its progress as it changes, a
   // few times a second at most.
   int64_t lastDrawn = 0;
-  dte->StatusBar()->Changed.Connect([&] {
+  int drawing = dte->StatusBar()->Changed.Connect([&] {
     int64_t now = loop.Now();
     if (now - lastDrawn < 100) return;
     lastDrawn = now;
@@ -111,6 +111,7 @@ int RunPaneCommand(const std::string& path) {
   loop.Run([&] { return !quit; });
   loop.Pop(&screen);
   analyzer.Shutdown();
+  dte->StatusBar()->Changed.Disconnect(drawing);
   platform::win32::KeyboardState::Install(previousKeyboard);
   return kDone;
 }
