@@ -304,17 +304,43 @@ void Grid::Bind(Ref<dao::Recordset> recordset) {
     };
     known(m_groups);
     known(m_sortKeys);
-    ReadRows();
   } catch (const platform::Error&) {
     Unbind();
     throw;
   }
+  m_cells.clear();
+  m_positions.clear();
+  m_edits.clear();
+  m_editRecord = -1;
   Rebuild();
-  m_row = RowCount() > 0 ? 1 : 0;
+  m_unread = true;
+  m_row = m_recordset->RecordCount() > 0 ? 1 : 0;
   m_topRow = 1;
 }
 
+void Grid::Materialize() const {
+  if (!m_unread) return;
+  // Reading the records changes what the grid holds, not what it shows: the rows are
+  // the same whenever they are read, so const readers may cause it.
+  auto& self = const_cast<Grid&>(*this);
+  self.m_unread = false;
+  try {
+    self.ReadRows();
+  } catch (const platform::Error& e) {
+    self.m_cells.clear();
+    self.m_positions.clear();
+    self.Rebuild();
+    self.m_row = 0;
+    self.RaiseError(e);
+    return;
+  }
+  self.Rebuild();
+  self.m_row = self.m_rows.empty() ? 0 : 1;
+  self.m_topRow = 1;
+}
+
 void Grid::Unbind() {
+  m_unread = false;
   m_recordset = nullptr;
   m_fieldNames.clear();
   m_cells.clear();
@@ -329,6 +355,7 @@ void Grid::Unbind() {
 }
 
 void Grid::ClearRows() {
+  m_unread = false;
   m_cells.clear();
   m_cells.shrink_to_fit();
   m_positions.clear();
@@ -341,6 +368,7 @@ void Grid::ClearRows() {
 
 void Grid::Refetch() {
   if (!m_recordset) return;
+  Materialize();
   int row = m_row;
   try {
     m_recordset->Requery();
@@ -505,6 +533,7 @@ void Grid::Flatten() {
 }
 
 void Grid::SetGroups(std::vector<ColumnOrder> groups) {
+  Materialize();
   for (size_t i = 0; i < groups.size(); ++i) {
     auto column = FindColumn(groups[i].key);
     if (!column) throw platform::Error(err::kInvalidCall, "No column has the key \"" + groups[i].key + "\"");
@@ -519,6 +548,7 @@ void Grid::SetGroups(std::vector<ColumnOrder> groups) {
 }
 
 void Grid::SetSortKeys(std::vector<ColumnOrder> keys) {
+  Materialize();
   for (auto& k : keys) {
     auto column = FindColumn(k.key);
     if (!column) throw platform::Error(err::kInvalidCall, "No column has the key \"" + k.key + "\"");
@@ -542,6 +572,7 @@ std::vector<GroupByBoxEntry> Grid::GroupByBoxEntries() const {
 }
 
 void Grid::ExpandAll() {
+  Materialize();
   m_collapsed.clear();
   for (auto& g : m_groupNodes) g.expanded = true;
   int32_t current = m_row > 0 ? m_rows[static_cast<size_t>(m_row - 1)] : 0;
@@ -553,6 +584,7 @@ void Grid::ExpandAll() {
 }
 
 void Grid::CollapseAll() {
+  Materialize();
   for (auto& g : m_groupNodes) {
     g.expanded = false;
     m_collapsed.insert(g.path);
@@ -586,6 +618,7 @@ void Grid::CollapseAll() {
 }
 
 void Grid::SetExpanded(int position, bool expanded) {
+  Materialize();
   if (!IsGroupRow(position)) return;
   auto& g = m_groupNodes[static_cast<size_t>(-m_rows[static_cast<size_t>(position - 1)] - 1)];
   if (g.expanded == expanded) return;
@@ -600,11 +633,15 @@ void Grid::SetExpanded(int position, bool expanded) {
   }
 }
 
-void Grid::RefreshGroups() { Rebuild(); }
+void Grid::RefreshGroups() {
+  Materialize();
+  Rebuild();
+}
 
 // --- Rows ------------------------------------------------------------------------------
 
 void Grid::SetRow(int position) {
+  Materialize();
   if (position < 1 || position > RowCount())
     throw platform::Error(err::kInvalidCall, "No row has the position " + std::to_string(position));
   m_row = position;
@@ -617,10 +654,12 @@ void Grid::SetTopRow(int position) { m_topRow = std::clamp(position, 1, std::max
 int Grid::VisibleRowCount() const { return std::max(1, (Height - RowsTop()) / kLineHeight); }
 
 bool Grid::IsGroupRow(int position) const {
+  Materialize();
   return position >= 1 && position <= RowCount() && m_rows[static_cast<size_t>(position - 1)] < 0;
 }
 
 Ref<GridRow> Grid::RowAt(int position) const {
+  Materialize();
   if (position < 1 || position > RowCount()) return nullptr;
   int32_t r = m_rows[static_cast<size_t>(position - 1)];
   std::vector<Variant> cells(m_columns.size());
@@ -646,6 +685,7 @@ Ref<GridRow> Grid::RowAt(int position) const {
 }
 
 std::string Grid::RowStyle(int position) const {
+  Materialize();
   if (position < 1 || position > RowCount()) return "";
   int32_t r = m_rows[static_cast<size_t>(position - 1)];
   if (r < 0) return "";
@@ -657,6 +697,7 @@ std::string Grid::RowStyle(int position) const {
 }
 
 Variant Grid::Value(int columnIndex) const {
+  Materialize();
   auto column = Column(columnIndex);
   if (m_row < 1 || m_rows[static_cast<size_t>(m_row - 1)] < 0) throw platform::Error(err::kNoCurrentRecord);
   int32_t r = m_rows[static_cast<size_t>(m_row - 1)];
@@ -667,6 +708,7 @@ Variant Grid::Value(int columnIndex) const {
 }
 
 void Grid::SetValue(int columnIndex, const Variant& value) {
+  Materialize();
   auto column = Column(columnIndex);
   if (m_row < 1 || m_rows[static_cast<size_t>(m_row - 1)] < 0) throw platform::Error(err::kNoCurrentRecord);
   if (column->Field() < 0)
@@ -683,6 +725,7 @@ void Grid::SetValue(int columnIndex, const Variant& value) {
 }
 
 void Grid::Update() {
+  Materialize();
   if (m_editRecord < 0) return;
   const int32_t record = m_editRecord;
   auto edits = std::move(m_edits);
@@ -711,6 +754,7 @@ void Grid::Update() {
 // --- Points ----------------------------------------------------------------------------
 
 int Grid::RowFromPoint(int x, int y) const {
+  Materialize();
   if (x < 0 || x >= Width || y < RowsTop() || y >= Height) return 0;
   int position = m_topRow + (y - RowsTop()) / kLineHeight;
   return position <= RowCount() ? position : 0;
@@ -731,6 +775,7 @@ int Grid::GroupFromPoint(int x, int y) const {
 }
 
 int Grid::HitTest(int x, int y) const {
+  Materialize();
   if (x < 0 || y < 0 || x >= Width || y >= Height) return gaNothing;
   const int box = GroupByBoxVisible ? kLineHeight : 0;
   if (y < box) return GroupFromPoint(x, y) ? gaGroupByBoxEntry : gaGroupByBox;
@@ -742,6 +787,7 @@ int Grid::HitTest(int x, int y) const {
 // --- The user --------------------------------------------------------------------------
 
 bool Grid::UserMouseDown(int button, int x, int y, int shift) {
+  Materialize();
   if (!Reachable()) return false;
   int hit = HitTest(x, y);
   if (hit == gaRow || hit == gaRowSelector) {
@@ -757,6 +803,7 @@ bool Grid::UserMouseDown(int button, int x, int y, int shift) {
 }
 
 bool Grid::UserDblClick(int x, int y) {
+  Materialize();
   if (!Reachable()) return false;
   DblClick.Raise();
   if (HitTest(x, y) == gaRow) {
@@ -767,6 +814,7 @@ bool Grid::UserDblClick(int x, int y) {
 }
 
 bool Grid::UserKey(int& keyCode, int shift) {
+  Materialize();
   if (!Control::UserKey(keyCode, shift)) return false;
   if (RowCount() == 0) return true;
   const int page = VisibleRowCount();

@@ -55,6 +55,9 @@ struct ColumnSpan {
 /// or collapsed) and sorted; a current row; a cell changed through the grid is written
 /// back to its record. The rows shown are numbered from 1, records and group rows
 /// alike. The grid holds the records' cells once; the recordset keeps only its keys.
+/// It reads the records when something first needs them (a row, a cell, a grouping, a
+/// point, a key), not when it is bound: a grid bound for a run that never shows its
+/// rows costs no memory for them.
 ///
 /// Geometry, in twips from the grid's top-left corner, one terminal cell per line: the
 /// group-by box (when shown) is the first line, the column headers the next, then one
@@ -86,7 +89,8 @@ class Grid : public forms::Control {
   void ApplyLayout(const GridLayout& layout);
 
   // --- Binding -------------------------------------------------------------------------
-  /// Binds the grid to `recordset` and reads its rows; the first row becomes current.
+  /// Binds the grid to `recordset`, whose rows it reads at their first use; the first row
+  /// becomes current.
   /// With KeepColumns the columns stay as they are (fields without a column are
   /// added); otherwise they are made afresh from the fields. Fails with the
   /// recordset's error, leaving the grid unbound.
@@ -105,7 +109,10 @@ class Grid : public forms::Control {
 
   // --- Rows ----------------------------------------------------------------------------
   /// The number of rows shown (records and group rows).
-  int RowCount() const { return static_cast<int>(m_rows.size()); }
+  int RowCount() const {
+    Materialize();
+    return static_cast<int>(m_rows.size());
+  }
   /// The current row's position; 0 when there is none.
   int Row() const { return m_row; }
   /// Makes row `position` current (and scrolls it into view); 5 outside 1..RowCount.
@@ -217,7 +224,8 @@ class Grid : public forms::Control {
   /// scroll the columns on a record.
   bool UserKey(int& keyCode, int shift) override;
 
-  /// Bytes held for the records (cells, strings and bookkeeping), for benchmarks.
+  /// Bytes held for the records (cells, strings and bookkeeping), for benchmarks; 0 for
+  /// a grid whose records were not read yet.
   size_t MemoryUsed() const;
 
  private:
@@ -235,6 +243,9 @@ class Grid : public forms::Control {
   void Renumber();
   void MapFields();
   void ReadRows();
+  /// Reads the records of a binding not read yet, and builds the rows from them. A
+  /// failure to read raises Error and leaves the grid without rows.
+  void Materialize() const;
   void Rebuild();
   void Flatten();
   void Emit(int group);
@@ -259,6 +270,8 @@ class Grid : public forms::Control {
   int m_topRow = 1;
   int m_scrollLeft = 0;
   int32_t m_editRecord = -1;
+  // Bound, its records not read yet (see Materialize).
+  bool m_unread = false;
   std::vector<std::pair<int, Variant>> m_edits;  // field, value
   GridPrinterSettings m_printer;
 };

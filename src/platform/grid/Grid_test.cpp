@@ -76,6 +76,19 @@ TEST_F(GridTest, BindsTheRecordsetAndMakesColumnsOfItsFields) {
   EXPECT_THROW(grid.SetRow(4), platform::Error);
 }
 
+TEST_F(GridTest, RecordsAreReadAtTheirFirstUseNotWhenBound) {
+  Fill(kThree);
+  Bind();
+  EXPECT_EQ(grid.MemoryUsed(), 0u);  // a run that never shows the rows holds none
+  EXPECT_EQ(grid.Row(), 1);
+  grid.Move(0, 0, 9000, 240 * 10);   // laying the grid out reads nothing either
+  EXPECT_EQ(grid.MemoryUsed(), 0u);
+  grid.SetGroups({{"Project"}});     // grouping needs the records: read now
+  EXPECT_GT(grid.MemoryUsed(), 0u);
+  EXPECT_EQ(Shown(), (std::vector<std::string>{"G Project: P (2)", "Run", "Shape", "G Project: Q (1)", "area"}));
+  EXPECT_EQ(grid.Row(), 2);  // the first record stays current under its group row
+}
+
 TEST_F(GridTest, GroupsBySeveralColumnsWithCountsAndSortsInsideTheGroups) {
   Fill(kThree);
   Fill({{"P", "a.cs", "Method", "", "Zed", 5, 5, "Missing <summary> tag"}});
