@@ -8,6 +8,10 @@
 #include <regex>
 #include <string>
 #include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <thread>
 
 #include "terminal/TmuxSession_test.h"
 #include "testsupport/TempDir.h"
@@ -217,4 +221,21 @@ TEST_F(PaneTmuxTest, CtrlCDuringAnAnalysisAsksWhetherToStop) {
   EXPECT_LT(std::stoi(count[1]), 2 * files);  // stopped before the end
   t->Keys({"q"});
   ExpectRestored(*t);
+}
+
+TEST(PaneCommandTest, WithoutATerminalOrASolutionItSaysSoAndEnds) {
+  testsupport::TempDir home;
+  auto run = [&](const std::string& args) {
+    // setsid: a session of its own, with no terminal to open.
+    std::string line = "cd " + TmuxSession::Quote(home.path().string()) + " && ANNOTRA_HOME=. setsid -w " +
+                       ANNOTRA_BINARY + " pane " + args + " > out 2>&1 < /dev/null";
+    int status = std::system(line.c_str());
+    return std::make_pair(WIFEXITED(status) ? WEXITSTATUS(status) : -1, testsupport::ReadFile(home.path() / "out"));
+  };
+  auto [noTerminal, said] = run(TmuxSession::Quote(std::string(ANNOTRA_SOURCE_DIR) + "/samples/Demo.sln"));
+  EXPECT_EQ(noTerminal, 4);
+  EXPECT_NE(said.find("annotra: there is no terminal to show the pane on"), std::string::npos) << said;
+  auto [noSolution, told] = run("missing.sln");
+  EXPECT_EQ(noSolution, 3);
+  EXPECT_NE(told.find("missing.sln"), std::string::npos) << told;
 }
