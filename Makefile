@@ -61,7 +61,7 @@ test: deps $(ASAN)/build.ninja $(SARIF_VALIDATOR)/installed
 
 bench: deps $(RELEASE)/build.ninja
 	cmake --build $(RELEASE) -j $(JOBS)
-	@for b in $(RELEASE)/bench/*_bench; do echo "== $$b"; $$b; done
+	@for b in $(RELEASE)/bench/*_bench; do echo "== $$b"; ANNOTRA_APP_PATH=$(CURDIR)/resources $$b; done
 
 clean:
 	rm -rf build

@@ -16,7 +16,10 @@ bool ListedFindings::Next(Finding& finding) {
 
 ResultsTableFindings::ResultsTableFindings(const platform::Ref<platform::dao::Database>& db, FindingFiles& files)
     : m_files(files) {
-  m_rows = db->OpenRecordset("XMLAnalyzer1", platform::dao::dbOpenSnapshot);
+  m_rows = db->OpenRecordset("XMLAnalyzer1", platform::dao::dbOpenForwardOnly);
+  for (const char* name : {"ID", "Flag", "Project", "Document", "Type", "Path", "Member", "Start", "End",
+                           "Status", "Problem"})
+    m_columns.push_back(m_rows->Fields(name));
 }
 
 ResultsTableFindings::~ResultsTableFindings() {
@@ -31,28 +34,29 @@ void ResultsTableFindings::Rewind() { m_started = false; }
 bool ResultsTableFindings::Next(Finding& f) {
   if (!m_started) {
     m_started = true;
-    if (m_rows->RecordCount() == 0) return false;
-    m_rows->MoveFirst();
+    if (m_handedOut) m_rows->Requery();  // the scan starts again at the first row
+    m_handedOut = false;
   } else if (!m_rows->Eof()) {
     m_rows->MoveNext();
   }
   if (m_rows->Eof()) return false;
-  auto text = [&](const char* name) { return platform::ToString(m_rows->Fields(name)->Value()); };
-  auto number = [&](const char* name) {
-    auto v = m_rows->Fields(name)->Value();
+  m_handedOut = true;
+  auto text = [&](int column) { return platform::ToString(m_columns[column]->Value()); };
+  auto number = [&](int column) {
+    auto v = m_columns[column]->Value();
     return v.IsEmpty() ? 0 : platform::ToInt32(v);
   };
-  f.ID = number("ID");
-  f.Flag = number("Flag");
-  f.Project = text("Project");
-  f.Document = text("Document");
-  f.Type = text("Type");
-  f.Path = text("Path");
-  f.Member = text("Member");
-  f.Start = number("Start");
-  f.End = number("End");
-  f.Status = number("Status");
-  f.Problem = text("Problem");
+  f.ID = number(0);
+  f.Flag = number(1);
+  f.Project = text(2);
+  f.Document = text(3);
+  f.Type = text(4);
+  f.Path = text(5);
+  f.Member = text(6);
+  f.Start = number(7);
+  f.End = number(8);
+  f.Status = number(9);
+  f.Problem = text(10);
   f.file = m_files.FileOf(f.Project, f.Path, f.Document);
   return true;
 }

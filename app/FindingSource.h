@@ -6,6 +6,7 @@
 
 namespace platform::dao {
 class Database;
+class Field;
 class Recordset;
 }  // namespace platform::dao
 
@@ -37,8 +38,8 @@ class ListedFindings : public FindingSource {
 };
 
 /// The rows of the results table "XMLAnalyzer1" in table order, each with the file its
-/// item resolves to through `files`. Throws platform::Error when the table cannot be
-/// read.
+/// item resolves to through `files`: one scan of the table from start to end, again for
+/// each Rewind. Throws platform::Error when the table cannot be read.
 class ResultsTableFindings : public FindingSource {
  public:
   ResultsTableFindings(const platform::Ref<platform::dao::Database>& db, FindingFiles& files);
@@ -48,8 +49,12 @@ class ResultsTableFindings : public FindingSource {
 
  private:
   platform::Ref<platform::dao::Recordset> m_rows;
+  // The table's columns, looked up once: ID, Flag, Project, Document, Type, Path,
+  // Member, Start, End, Status, Problem.
+  std::vector<platform::Ref<platform::dao::Field>> m_columns;
   FindingFiles& m_files;
   bool m_started = false;
+  bool m_handedOut = false;  // a row was handed out since the scan (re)started
 };
 
 }  // namespace app

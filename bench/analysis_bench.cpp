@@ -27,6 +27,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "GeneratedSolution.h"
 #include "analysis/CXmlAnalyzerBrowser.h"
@@ -154,14 +155,15 @@ void AppendField(std::string& out, const std::string& text) {
 int64_t WriteRows(std::ostream& out) {
   static const char* const kColumns[] = {"ID", "Flag", "Project", "Document", "Type", "Path",
                                          "Member", "Start", "End", "Status", "Problem"};
-  auto rs = MGlobals::XMLAnalyzerDb()->OpenRecordset("XMLAnalyzer1", platform::dao::dbOpenDynaset);
+  auto rs = MGlobals::XMLAnalyzerDb()->OpenRecordset("XMLAnalyzer1", platform::dao::dbOpenForwardOnly);
+  std::vector<platform::Ref<platform::dao::Field>> fields;
+  for (const char* column : kColumns) fields.push_back(rs->Fields(column));
   int64_t rows = 0;
   std::string block;
-  if (rs->RecordCount() > 0) rs->MoveFirst();
   while (!rs->Eof()) {
     for (int c = 0; c < 11; ++c) {
       if (c) block += '\t';
-      AppendField(block, platform::ToString(rs->Fields(kColumns[c])->Value()));
+      AppendField(block, platform::ToString(fields[static_cast<size_t>(c)]->Value()));
     }
     block += '\n';
     if (block.size() >= 65536) {

@@ -16,6 +16,7 @@ class ProjectItems;
 class CodeElement;
 }  // namespace platform::automation
 namespace platform::dao {
+class Field;
 class Recordset;
 }
 namespace platform::grammar {
@@ -166,6 +167,11 @@ class CXmlAnalyzerBrowser {
   std::string m_sTallyProject;
 
   Ref<platform::dao::Recordset> m_rsResults;
+  /// The field `name` of the results recordset; the look-up by name is made once per
+  /// recordset, not once per finding. `slot` is the field's place in m_resultFields.
+  const Ref<platform::dao::Field>& ResultField(size_t slot, const char* name);
+  std::vector<Ref<platform::dao::Field>> m_resultFields;
+  std::shared_ptr<platform::dao::Recordset> m_resultFieldsOf;  // the recordset they are of
   std::shared_ptr<FParser> m_frmParser;
   Ref<platform::grammar::GrammarParser> parserXML;
   Ref<platform::grammar::GrammarParser> parserBody;

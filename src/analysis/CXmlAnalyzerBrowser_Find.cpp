@@ -67,6 +67,8 @@ void CXmlAnalyzerBrowser::Find() {
     m_rsResults->Close();
   });
   m_rsResults.reset();
+  m_resultFields.clear();
+  m_resultFieldsOf.reset();
   // Steps 9 and 11: the helpers released, the documents the walk opened closed.
   EndWalk();
   step(12, [&] {
@@ -88,20 +90,31 @@ void CXmlAnalyzerBrowser::TallyDefinition(const Ref<TextDocument>& textDocument,
   if (!withFinding) ++tally.withoutFinding;
 }
 
+const platform::Ref<platform::dao::Field>& CXmlAnalyzerBrowser::ResultField(size_t slot, const char* name) {
+  if (m_resultFieldsOf != m_rsResults) {
+    m_resultFields.clear();
+    m_resultFieldsOf = m_rsResults;
+  }
+  if (m_resultFields.size() <= slot) m_resultFields.resize(slot + 1);
+  platform::Ref<platform::dao::Field>& field = m_resultFields[slot];
+  if (!field) field = m_rsResults->Fields(name);
+  return field;
+}
+
 void CXmlAnalyzerBrowser::Found(const std::string& sProject, const std::string& sDocument,
                                 const std::string& sPath, const std::string& sMember, int32_t lStart,
                                 int32_t lEnd, const std::string& sType, const std::string& sProblem) {
   Steps step("Quillmark.CXmlAnalyzerBrowser.Found");
   if (!step(1, [&] { m_rsResults->AddNew(); })) return;
-  step(2, [&] { m_rsResults->Fields("Project")->SetValue(sProject); });
-  step(3, [&] { m_rsResults->Fields("Document")->SetValue(sDocument); });
-  step(4, [&] { m_rsResults->Fields("Path")->SetValue(sPath); });
-  step(5, [&] { m_rsResults->Fields("Member")->SetValue(sMember); });
-  step(6, [&] { m_rsResults->Fields("Start")->SetValue(lStart); });
-  step(7, [&] { m_rsResults->Fields("End")->SetValue(lEnd); });
-  step(8, [&] { m_rsResults->Fields("Status")->SetValue(0); });
-  step(9, [&] { m_rsResults->Fields("Type")->SetValue(sType); });
-  step(10, [&] { m_rsResults->Fields("Problem")->SetValue(sProblem); });
+  step(2, [&] { ResultField(0, "Project")->SetValue(sProject); });
+  step(3, [&] { ResultField(1, "Document")->SetValue(sDocument); });
+  step(4, [&] { ResultField(2, "Path")->SetValue(sPath); });
+  step(5, [&] { ResultField(3, "Member")->SetValue(sMember); });
+  step(6, [&] { ResultField(4, "Start")->SetValue(lStart); });
+  step(7, [&] { ResultField(5, "End")->SetValue(lEnd); });
+  step(8, [&] { ResultField(6, "Status")->SetValue(0); });
+  step(9, [&] { ResultField(7, "Type")->SetValue(sType); });
+  step(10, [&] { ResultField(8, "Problem")->SetValue(sProblem); });
   if (step(11, [&] { m_rsResults->Update(); })) ++m_lRowsWritten;
   else Quietly([&] { m_rsResults->CancelUpdate(); });
 }

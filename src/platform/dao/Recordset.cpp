@@ -35,6 +35,13 @@ Recordset::Recordset(std::shared_ptr<Connection> connection, Ref<TableDef> table
   }
   m_current.resize(m_fieldList.size());
   m_dirty.assign(m_fieldList.size(), 0);
+  if (type == dbOpenForwardOnly) {
+    m_forwardOnly = true;
+    m_scan = std::make_unique<Statement>(
+        *m_connection, "SELECT " + columns + " FROM " + QualifiedName() + " ORDER BY rowid");
+    StartScan();
+    return;
+  }
   m_select = std::make_unique<Statement>(
       *m_connection, "SELECT " + columns + " FROM " + QualifiedName() + " WHERE rowid=?1");
   if (!(options & dbAppendOnly)) {
@@ -186,6 +193,29 @@ void Recordset::Update() {
   Discard();
 }
 
+Variant Recordset::ColumnValue(const Statement& statement, int column, size_t field) const {
+  Variant value = statement.ColumnVariant(column);
+  if (m_fieldList[field]->Type() == dbBoolean && !value.IsEmpty() &&
+      value.type() != Variant::Type::String)
+    value = Variant(ToDouble(value) != 0);
+  return value;
+}
+
+void Recordset::StartScan() {
+  m_scan->Reset();
+  m_onRow = m_scan->Step();
+  // Done at once when there is nothing to read: a statement left in the middle of a
+  // read keeps the file locked, so the scan is reset as soon as it reaches the end.
+  if (!m_onRow) m_scan->Reset();
+  m_rowsReached = m_onRow ? 1 : 0;
+  m_position = 0;
+  m_nowhere = !m_onRow;
+}
+
+void Recordset::RefuseForwardOnly() const {
+  if (m_forwardOnly) throw Error(err::kInvalidOperation);
+}
+
 void Recordset::LoadCurrent() {
   CheckOpen();
   if (m_nowhere || m_position < 0 || m_position >= static_cast<int64_t>(m_keys.size()))
@@ -201,13 +231,7 @@ void Recordset::LoadCurrent() {
   m_select->BindInt64(1, m_keys[static_cast<size_t>(m_position)]);
   bool found = m_select->Step();
   if (found)
-    for (size_t i = 0; i < m_fieldList.size(); ++i) {
-      Variant value = m_select->ColumnVariant(static_cast<int>(i));
-      if (m_fieldList[i]->Type() == dbBoolean && !value.IsEmpty() &&
-          value.type() != Variant::Type::String)
-        value = Variant(ToDouble(value) != 0);
-      m_current[i] = std::move(value);
-    }
+    for (size_t i = 0; i < m_fieldList.size(); ++i) m_current[i] = ColumnValue(*m_select, static_cast<int>(i), i);
   if (!found) throw Error(err::kRecordDeleted);
   m_currentLoaded = true;
 }
@@ -215,6 +239,11 @@ void Recordset::LoadCurrent() {
 Variant Recordset::ReadValue(int index) {
   CheckOpen();
   if (m_editMode != dbEditNone) return m_edit[static_cast<size_t>(index)];
+  if (m_forwardOnly) {
+    // Read from the scan's row as it stands: nothing is copied that is not asked for.
+    if (!m_onRow) throw Error(err::kNoCurrentRecord);
+    return ColumnValue(*m_scan, index, static_cast<size_t>(index));
+  }
   LoadCurrent();
   return m_current[static_cast<size_t>(index)];
 }
@@ -229,6 +258,7 @@ void Recordset::WriteValue(int index, const Variant& value) {
 
 void Recordset::MoveFirst() {
   CheckOpen();
+  RefuseForwardOnly();
   Discard();
   if (m_keys.empty()) throw Error(err::kNoCurrentRecord);
   m_position = 0;
@@ -238,6 +268,7 @@ void Recordset::MoveFirst() {
 
 void Recordset::MoveLast() {
   CheckOpen();
+  RefuseForwardOnly();
   Discard();
   if (m_keys.empty()) throw Error(err::kNoCurrentRecord);
   m_position = static_cast<int64_t>(m_keys.size()) - 1;
@@ -249,12 +280,20 @@ void Recordset::MoveNext() {
   CheckOpen();
   Discard();
   if (Eof()) throw Error(err::kNoCurrentRecord);
+  if (m_forwardOnly) {
+    m_onRow = m_scan->Step();
+    if (m_onRow) ++m_rowsReached;
+    else m_scan->Reset();  // at the end: the read lock is released
+    ++m_position;
+    return;
+  }
   ++m_position;
   m_currentLoaded = false;
 }
 
 void Recordset::MovePrevious() {
   CheckOpen();
+  RefuseForwardOnly();
   Discard();
   if (Bof()) throw Error(err::kNoCurrentRecord);
   --m_position;
@@ -263,27 +302,32 @@ void Recordset::MovePrevious() {
 
 bool Recordset::Eof() const {
   CheckOpen();
+  if (m_forwardOnly) return !m_onRow;
   return m_nowhere || m_keys.empty() || m_position >= static_cast<int64_t>(m_keys.size());
 }
 
 bool Recordset::Bof() const {
   CheckOpen();
+  if (m_forwardOnly) return m_nowhere;
   return m_nowhere || m_keys.empty() || m_position < 0;
 }
 
 int32_t Recordset::RecordCount() const {
   CheckOpen();
+  if (m_forwardOnly) return m_rowsReached;
   return static_cast<int32_t>(m_keys.size());
 }
 
 int32_t Recordset::AbsolutePosition() const {
   CheckOpen();
+  if (m_forwardOnly) return m_onRow ? static_cast<int32_t>(m_position) : -1;
   if (m_nowhere || m_position < 0 || m_position >= static_cast<int64_t>(m_keys.size())) return -1;
   return static_cast<int32_t>(m_position);
 }
 
 void Recordset::SetAbsolutePosition(int32_t position) {
   CheckOpen();
+  RefuseForwardOnly();
   if (position < 0 || position >= static_cast<int32_t>(m_keys.size())) throw Error(err::kInvalidArgument);
   Discard();
   m_position = position;
@@ -293,6 +337,7 @@ void Recordset::SetAbsolutePosition(int32_t position) {
 
 void Recordset::ReadRows(const std::function<void(int32_t, std::vector<Variant>&)>& sink) {
   CheckOpen();
+  RefuseForwardOnly();
   if (m_keys.empty()) return;
   std::string columns = "rowid";
   for (auto& field : m_fieldList) columns += ", " + Catalog::Quote(field->Name());
@@ -316,13 +361,7 @@ void Recordset::ReadRows(const std::function<void(int32_t, std::vector<Variant>&
       position = it->second;
     }
     if (position < 0) continue;  // added by another recordset after this one was made
-    for (size_t i = 0; i < m_fieldList.size(); ++i) {
-      Variant value = scan.ColumnVariant(static_cast<int>(i) + 1);
-      if (m_fieldList[i]->Type() == dbBoolean && !value.IsEmpty() &&
-          value.type() != Variant::Type::String)
-        value = Variant(ToDouble(value) != 0);
-      values[i] = std::move(value);
-    }
+    for (size_t i = 0; i < m_fieldList.size(); ++i) values[i] = ColumnValue(scan, static_cast<int>(i) + 1, i);
     if (ordered) sink(position, values);
     else unordered.emplace_back(position, values);
   }
@@ -335,6 +374,10 @@ void Recordset::ReadRows(const std::function<void(int32_t, std::vector<Variant>&
 void Recordset::Requery() {
   CheckOpen();
   Discard();
+  if (m_forwardOnly) {
+    StartScan();
+    return;
+  }
   m_keys.clear();
   Statement keys(*m_connection, "SELECT rowid FROM " + QualifiedName() + " ORDER BY rowid");
   while (keys.Step()) m_keys.push_back(keys.ColumnInt64(0));
@@ -348,6 +391,7 @@ void Recordset::Close() {
   m_closed = true;
   for (auto& field : m_fieldList) field->Attach(nullptr, 0);
   m_select.reset();
+  m_scan.reset();
   m_insert.reset();
   m_insertWithAutoNumber.reset();
   if (m_connection->IsOpen()) m_connection->FlushImplicit();

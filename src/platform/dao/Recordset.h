@@ -23,9 +23,13 @@ class TableDef;
 /// connection's implicit transaction, so appending many rows costs about one
 /// transaction.
 ///
+/// A forward-only recordset (dbOpenForwardOnly) is a scan instead: one query stepped row
+/// by row from the first row to the end, which reads a whole table in order at the cost
+/// of a single query and holds nothing but the current row.
+///
 /// Differences from DAO worth knowing: RecordCount is exact from the start (DAO's counts
-/// only the rows visited until MoveLast); the end and start tests are Eof() and Bof(),
-/// because EOF is a macro of the C library.
+/// only the rows visited until MoveLast), except on a forward-only set; the end and start
+/// tests are Eof() and Bof(), because EOF is a macro of the C library.
 class Recordset {
  public:
   /// Opens a recordset of `type` (dbOpenTable and dbOpenDynaset are updatable,
@@ -68,6 +72,8 @@ class Recordset {
 
   // Moving discards a pending AddNew or Edit. Each fails with 3021 when it cannot move:
   // MoveFirst and MoveLast on an empty set, MoveNext at the end, MovePrevious at the start.
+  // A forward-only set moves with MoveNext alone (and starts again with Requery): the
+  // others fail with 3219.
   void MoveFirst();
   void MoveLast();
   void MoveNext();
@@ -76,7 +82,8 @@ class Recordset {
   bool Eof() const;
   /// True before the first row (and for an empty set).
   bool Bof() const;
-  /// The number of rows in the set.
+  /// The number of rows in the set; for a forward-only set, the number of rows reached
+  /// so far (the current one included).
   int32_t RecordCount() const;
   /// Zero-based position of the current row; -1 when there is none.
   int32_t AbsolutePosition() const;
@@ -87,11 +94,12 @@ class Recordset {
   /// `sink` with its position and its values (one per field, converted as Fields reads
   /// them). Rows deleted since the set was made are left out. Does not move the current
   /// row; a pending AddNew or Edit is kept. Reading row by row through the fields costs
-  /// one query a row; this costs one query for the whole set.
+  /// one query a row; this costs one query for the whole set. 3219 on a forward-only
+  /// set, which is read this way by moving through it.
   void ReadRows(const std::function<void(int32_t position, std::vector<Variant>& values)>& sink);
   /// Makes the set afresh from what the table holds now (rows added or deleted by
   /// others join or leave it) and moves to the first row. A pending AddNew or Edit is
-  /// discarded.
+  /// discarded. A forward-only set starts its scan again.
   void Requery();
 
   /// Commits what was written and releases the recordset; later use fails with 3420.
@@ -108,6 +116,9 @@ class Recordset {
   void Discard();
   std::string QualifiedName() const;
   Statement& InsertStatement(bool withAutoNumber);
+  Variant ColumnValue(const Statement& statement, int column, size_t field) const;
+  void StartScan();
+  void RefuseForwardOnly() const;
 
   std::shared_ptr<Connection> m_connection;
   Ref<TableDef> m_table;
@@ -133,6 +144,11 @@ class Recordset {
   std::vector<char> m_dirty;
 
   std::unique_ptr<Statement> m_select;
+  // Forward-only: the scan, whether it stands on a row, and how many rows it reached.
+  bool m_forwardOnly = false;
+  std::unique_ptr<Statement> m_scan;
+  bool m_onRow = false;
+  int32_t m_rowsReached = 0;
   std::unique_ptr<Statement> m_insert;
   std::unique_ptr<Statement> m_insertWithAutoNumber;
 };

@@ -190,3 +190,58 @@ TEST_F(RecordsetTest, ReadRowsHandsOverTheSetInOnePassAndRequeryRemakesIt) {
   });
   EXPECT_EQ(seen, (std::vector<std::pair<int32_t, int32_t>>{{0, 10}, {1, 30}, {2, 40}}));
 }
+
+TEST_F(RecordsetTest, ForwardOnlyScansTheTableInOrderOnceAndStartsAgainOnRequery) {
+  auto empty = db->OpenRecordset("Rows", dbOpenForwardOnly);
+  EXPECT_TRUE(empty->Eof());
+  EXPECT_TRUE(empty->Bof());
+  EXPECT_EQ(empty->RecordCount(), 0);
+  EXPECT_EQ(ErrorOf([&] { empty->Fields("Need")->Value(); }), 3021);
+  EXPECT_EQ(ErrorOf([&] { empty->MoveNext(); }), 3021);
+
+  auto rs = db->OpenRecordset("Rows", dbOpenDynaset);
+  for (int i = 1; i <= 4; ++i) Add(*rs, i * 10, "s" + std::to_string(i));
+  rs->MoveFirst();
+  rs->MoveNext();
+  rs->Edit();
+  rs->Fields("Memo")->SetValue(std::string("edited"));
+  rs->Update();
+  db->Execute("DELETE FROM Rows WHERE Need = 30");
+  rs->Close();
+
+  auto scan = db->OpenRecordset("Rows", dbOpenForwardOnly);
+  EXPECT_FALSE(scan->Updatable());
+  std::vector<std::string> seen;
+  for (; !scan->Eof(); scan->MoveNext()) {
+    EXPECT_EQ(scan->AbsolutePosition() + 1, scan->RecordCount());
+    seen.push_back(platform::ToString(scan->Fields("ID")->Value()) + ":" +
+                   platform::ToString(scan->Fields(5)->Value()) + ":" +
+                   platform::ToString(scan->Fields("Memo")->Value()) + ":" +
+                   platform::ToString(scan->Fields("Flag")->Value()));
+  }
+  EXPECT_EQ(seen, (std::vector<std::string>{"1:10::0", "2:20:edited:0", "4:40::0"}));
+  EXPECT_EQ(scan->RecordCount(), 3);
+  EXPECT_EQ(scan->AbsolutePosition(), -1);
+  EXPECT_FALSE(scan->Bof());
+  EXPECT_EQ(ErrorOf([&] { scan->MoveNext(); }), 3021);
+  EXPECT_EQ(ErrorOf([&] { scan->Fields("Need")->Value(); }), 3021);
+
+  // Only forwards: the other moves, whole-set reads and writes are refused.
+  EXPECT_EQ(ErrorOf([&] { scan->MoveFirst(); }), 3219);
+  EXPECT_EQ(ErrorOf([&] { scan->MoveLast(); }), 3219);
+  EXPECT_EQ(ErrorOf([&] { scan->MovePrevious(); }), 3219);
+  EXPECT_EQ(ErrorOf([&] { scan->SetAbsolutePosition(0); }), 3219);
+  EXPECT_EQ(ErrorOf([&] { scan->ReadRows([](int32_t, std::vector<Variant>&) {}); }), 3219);
+  EXPECT_EQ(ErrorOf([&] { scan->AddNew(); }), 3027);
+
+  // A scan at its end holds no lock: another connection can write meanwhile.
+  auto other = ws.OpenDatabase(path);
+  other->Execute("DELETE FROM Rows WHERE Need = 10");
+
+  scan->Requery();
+  ASSERT_FALSE(scan->Eof());
+  EXPECT_EQ(scan->RecordCount(), 1);
+  EXPECT_EQ(platform::ToInt32(scan->Fields("Need")->Value()), 20);
+  scan->Close();
+  EXPECT_EQ(ErrorOf([&] { scan->MoveNext(); }), 3420);
+}

@@ -78,6 +78,7 @@ bool Grammar::Analyse(std::string& error) {
   Rewrite();
   PlanMemoisation();
   InlineRules(true);
+  FlattenChoices();
   BuildDispatch();
   return true;
 }
@@ -170,6 +171,38 @@ void Grammar::InlineRules(bool withCalls) {
         changed = true;
       }
     }
+  }
+}
+
+void Grammar::FlattenChoices() {
+  // A choice among alternatives of which one is itself a choice, as inlining leaves
+  // them (`a / _b` with `_b <- c / d`), tries the same alternatives in the same order
+  // as the one choice `a / c / d`: made so, the inner alternatives are tried without a
+  // call of their own, and the first byte picks among all of them.
+  std::vector<int32_t> flat;
+  for (size_t i = 0; i < exprs.size(); ++i) {
+    if (exprs[i].op != Op::Choice) continue;
+    bool nested = false;
+    for (int32_t k = 0; k < exprs[i].count && !nested; ++k) nested = exprs[kids[exprs[i].first + k]].op == Op::Choice;
+    if (!nested) continue;
+    flat.clear();
+    std::vector<int32_t>& todo = m_todo;
+    todo.clear();
+    for (int32_t k = exprs[i].count; k-- > 0;) todo.push_back(kids[exprs[i].first + k]);
+    while (!todo.empty() && flat.size() <= 255) {
+      int32_t e = todo.back();
+      todo.pop_back();
+      if (exprs[e].op != Op::Choice) {
+        flat.push_back(e);
+        continue;
+      }
+      for (int32_t k = exprs[e].count; k-- > 0;) todo.push_back(kids[exprs[e].first + k]);
+    }
+    // Kept as it is where the flat choice would be too long for a dispatch table.
+    if (!todo.empty() || flat.size() > 255) continue;
+    exprs[i].first = static_cast<int32_t>(kids.size());
+    exprs[i].count = static_cast<int32_t>(flat.size());
+    kids.insert(kids.end(), flat.begin(), flat.end());
   }
 }
 

@@ -115,6 +115,7 @@ class Grammar {
   void PlanMemoisation();
   void BuildDispatch();
   void InlineRules(bool withCalls);
+  void FlattenChoices();
   bool RefersToRules(int32_t body) const;
   bool Contains(int32_t root, int32_t target) const;
   bool IsByteClass(int32_t e, ByteClass& out, int depth) const;

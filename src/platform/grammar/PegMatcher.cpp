@@ -132,7 +132,7 @@ int32_t PegMatcher::EvalRule(int32_t r, int32_t pos) {
   size_t mark = m_stack.size();
   int32_t outerStart = m_capStart, outerEnd = m_capEnd;
   m_capStart = m_capEnd = -1;
-  int32_t end = Eval(rule.body, pos);
+  int32_t end = Sub(rule.body, pos);
   int32_t capStart = m_capStart, capEnd = m_capEnd;
   m_capStart = outerStart;
   m_capEnd = outerEnd;
@@ -223,11 +223,19 @@ int32_t PegMatcher::EvalRule(int32_t r, int32_t pos) {
   }
 }
 
-int32_t PegMatcher::Eval(int32_t e, int32_t pos) {
+// Every operand is evaluated through here. A terminal is matched in place; an
+// expression that cannot start with the byte at `pos` fails without being entered,
+// which spares most of the alternatives and optional parts of a grammar their call.
+[[gnu::always_inline]] inline int32_t PegMatcher::Sub(int32_t e, int32_t pos) {
   const Expr& x = m_g.exprs[e];
-  // Terminals take bounded work (long scans are counted where they run) and call
-  // nothing, so they skip the depth and budget accounting.
-  if (x.op <= Op::Any || x.op >= Op::ClassStar) return Terminal(x, pos);
+  if (IsTerminal(x.op)) return Terminal(x, pos);
+  if (!x.nullable && (pos >= m_n || !m_g.classes[x.firstSet][m_in[pos]])) return -1;
+  return Enter(x, pos);
+}
+
+// Terminals take bounded work (long scans are counted where they run) and call
+// nothing, so only the other expressions count against the budget and the depth.
+[[gnu::always_inline]] inline int32_t PegMatcher::Enter(const Expr& x, int32_t pos) {
   if (++m_steps > m_budget || m_depth >= kMaxDepth) {
     Abort(pos);
     return -1;
@@ -238,46 +246,55 @@ int32_t PegMatcher::Eval(int32_t e, int32_t pos) {
   return r;
 }
 
+[[gnu::always_inline]] inline int32_t PegMatcher::ChoiceAt(const Expr& x, int32_t pos) {
+  size_t mark = m_stack.size();
+  int32_t cs = m_capStart, ce = m_capEnd;
+  bool atEnd = pos >= m_n;
+  unsigned char c = atEnd ? 0 : m_in[pos];
+  int32_t k = (atEnd || x.dispatch < 0) ? 0 : m_g.dispatch[x.dispatch][c];
+  for (; k < x.count; ++k) {
+    int32_t kid = m_g.kids[x.first + k];
+    int32_t r = Sub(kid, pos);
+    if (r >= 0) return r;
+    if (m_aborted) return -1;
+    Truncate(mark);
+    m_capStart = cs;
+    m_capEnd = ce;
+  }
+  return -1;
+}
+
 int32_t PegMatcher::Dispatch(const Expr& x, int32_t pos) {
   switch (x.op) {
     case Op::Seq:
-      for (int32_t k = 0; k < x.count && pos >= 0; ++k) {
-        const Expr& kid = m_g.exprs[m_g.kids[x.first + k]];
-        pos = (kid.op <= Op::Any || kid.op >= Op::ClassStar) ? Terminal(kid, pos)
-                                                             : Eval(m_g.kids[x.first + k], pos);
-      }
+      for (int32_t k = 0; k < x.count && pos >= 0; ++k) pos = Sub(m_g.kids[x.first + k], pos);
       return pos;
-    case Op::Choice: {
-      size_t mark = m_stack.size();
-      int32_t cs = m_capStart, ce = m_capEnd;
-      bool atEnd = pos >= m_n;
-      unsigned char c = atEnd ? 0 : m_in[pos];
-      int32_t k = (atEnd || x.dispatch < 0) ? 0 : m_g.dispatch[x.dispatch][c];
-      for (; k < x.count; ++k) {
-        int32_t kid = m_g.kids[x.first + k];
-        const Expr& alt = m_g.exprs[kid];
-        if (!alt.nullable && (atEnd || !m_g.classes[alt.firstSet][c])) continue;
-        int32_t r = Eval(kid, pos);
-        if (r >= 0) return r;
-        if (m_aborted) return -1;
-        Truncate(mark);
-        m_capStart = cs;
-        m_capEnd = ce;
-      }
-      return -1;
-    }
+    case Op::Choice:
+      return ChoiceAt(x, pos);
     case Op::Plus: {
-      int32_t r = Eval(m_g.kids[x.first], pos);
+      int32_t r = Sub(m_g.kids[x.first], pos);
       if (r <= pos) return r;
       pos = r;
       [[fallthrough]];
     }
     case Op::Star: {
       int32_t kid = m_g.kids[x.first];
+      const Expr& k = m_g.exprs[kid];
+      // The repetition of a choice of items is how most grammars read a text: its
+      // choice is made here, without a call of its own for every item.
+      const bool choice = k.op == Op::Choice;
       for (;;) {
         size_t mark = m_stack.size();
         int32_t cs = m_capStart, ce = m_capEnd;
-        int32_t r = Eval(kid, pos);
+        int32_t r;
+        if (!choice) {
+          r = Sub(kid, pos);
+        } else if (++m_steps > m_budget) {
+          Abort(pos);
+          r = -1;
+        } else {
+          r = ChoiceAt(k, pos);
+        }
         if (r < 0) {
           if (m_aborted) return -1;
           Truncate(mark);
@@ -292,7 +309,7 @@ int32_t PegMatcher::Dispatch(const Expr& x, int32_t pos) {
     case Op::Optional: {
       size_t mark = m_stack.size();
       int32_t cs = m_capStart, ce = m_capEnd;
-      int32_t r = Eval(m_g.kids[x.first], pos);
+      int32_t r = Sub(m_g.kids[x.first], pos);
       if (r >= 0) return r;
       if (m_aborted) return -1;
       Truncate(mark);
@@ -305,7 +322,7 @@ int32_t PegMatcher::Dispatch(const Expr& x, int32_t pos) {
       size_t mark = m_stack.size();
       int32_t cs = m_capStart, ce = m_capEnd;
       ++m_predicates;
-      int32_t r = Eval(m_g.kids[x.first], pos);
+      int32_t r = Sub(m_g.kids[x.first], pos);
       --m_predicates;
       Truncate(mark);
       m_capStart = cs;
@@ -317,7 +334,7 @@ int32_t PegMatcher::Dispatch(const Expr& x, int32_t pos) {
     case Op::Rule:
       return EvalRule(x.arg, pos);
     case Op::Capture: {
-      int32_t r = Eval(m_g.kids[x.first], pos);
+      int32_t r = Sub(m_g.kids[x.first], pos);
       if (r >= 0 && m_capStart < 0) {
         m_capStart = pos;
         m_capEnd = r;

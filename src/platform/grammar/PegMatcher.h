@@ -51,9 +51,12 @@ class PegMatcher {
     int32_t cell = 0;  // its place in m_memoIndex
   };
 
+  static bool IsTerminal(Op op) { return op <= Op::Any || op >= Op::ClassStar; }
   bool Run(int32_t startRule, int32_t abortAt);
-  int32_t Eval(int32_t e, int32_t pos);
+  int32_t Sub(int32_t e, int32_t pos);
+  int32_t Enter(const Expr& x, int32_t pos);
   int32_t Dispatch(const Expr& x, int32_t pos);
+  int32_t ChoiceAt(const Expr& x, int32_t pos);
   int32_t Terminal(const Expr& x, int32_t pos);
   int32_t EvalRule(int32_t r, int32_t pos);
   int32_t Consumed(int32_t end);
