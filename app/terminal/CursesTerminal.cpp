@@ -13,6 +13,7 @@
 
 #include <cstring>
 #include <stdexcept>
+#include <unordered_map>
 #include <vector>
 
 #include "terminal/TerminalRestore.h"
@@ -28,6 +29,14 @@ constexpr const char* kMouseMotionOn = "\033[?1003h";
 constexpr const char* kMouseOff = "\033[?1003l\033[?1006l\033[?1002l\033[?1000l";
 // The menu key of xterm-like terminals, which their terminfo entries leave out.
 constexpr const char* kMenuKeySequence = "\033[29~";
+
+// Arrows, Home and End with Shift, Alt or Ctrl held, as xterm-like terminals send them
+// ("ESC [ 1 ; m X", m one more than the sum of Shift 1, Alt 2, Ctrl 4): Alt+Down opens
+// a drop-down list, as it does in a dialog of the desktop. terminfo names some of these,
+// under names that differ between entries, so each sequence is looked up: one the entry
+// knows keeps its code, the others get codes of their own above ncurses' keys.
+constexpr char kModifiedKeyFinals[] = {'A', 'B', 'C', 'D', 'H', 'F'};
+constexpr int kModifiedKeys[] = {key::Up, key::Down, key::Right, key::Left, key::Home, key::End};
 
 // A terminfo string capability; "" when the terminal has none.
 std::string Capability(const char* name) {
@@ -45,6 +54,7 @@ struct CursesTerminal::Impl {
   FILE* in = nullptr;
   FILE* out = nullptr;
   termios saved{};
+  std::unordered_map<int, InputEvent> modifiedKeys;  // by the code ncurses reads them as
 };
 
 CursesTerminal::CursesTerminal() : m_impl(std::make_unique<Impl>()) {
@@ -83,6 +93,18 @@ CursesTerminal::CursesTerminal() : m_impl(std::make_unique<Impl>()) {
   // (a VT220's, rxvt's, and xterm's two modes), so they work whatever TERM says.
   for (const char* home : {"\033[1~", "\033[7~", "\033[H", "\033OH"}) define_key(home, KEY_HOME);
   for (const char* end : {"\033[4~", "\033[8~", "\033[F", "\033OF"}) define_key(end, KEY_END);
+  int ownCode = KEY_MAX + 1;
+  for (int m = 2; m <= 8; ++m)
+    for (size_t f = 0; f < sizeof kModifiedKeyFinals; ++f) {
+      char sequence[8] = {'\033', '[', '1', ';', static_cast<char>('0' + m), kModifiedKeyFinals[f], 0};
+      int code = key_defined(sequence);
+      if (code <= 0) define_key(sequence, code = ownCode++);
+      InputEvent e;
+      e.kind = InputEvent::Key;
+      e.key = kModifiedKeys[f];
+      e.shift = ((m - 1) & 1 ? mod::Shift : 0) | ((m - 1) & 2 ? mod::Alt : 0) | ((m - 1) & 4 ? mod::Ctrl : 0);
+      m_impl->modifiedKeys[code] = e;
+    }
   if (has_colors()) {
     m_colors = true;
     start_color();
@@ -301,6 +323,7 @@ InputEvent CursesTerminal::Translate(int status, unsigned ch) {
       default: break;
     }
     int code = static_cast<int>(ch);
+    if (auto modified = m_impl->modifiedKeys.find(code); modified != m_impl->modifiedKeys.end()) return modified->second;
     if (code >= KEY_F(1) && code <= KEY_F(12)) {
       e.key = key::F1 + code - KEY_F(1);
       return e;
@@ -334,7 +357,7 @@ InputEvent CursesTerminal::Translate(int status, unsigned ch) {
   if (ch == ' ') {
     e.kind = InputEvent::Key;
     e.key = key::Space;
-    e.text = " ";
+    e.text.assign(1, ' ');
   }
   return e;
 }

@@ -50,6 +50,13 @@ TEST_F(FormViewTmuxTest, TheOptionsDialogIsPlayedWithTheKeyboard) {
   ASSERT_TRUE(t->WaitFor("Annotra - by Scribane")) << t->Screen();
   EXPECT_EQ(t->Format("#{alternate_on} #{mouse_all_flag}"), "1 1");
   ASSERT_TRUE(t->WaitFor("[x] Publicly available"));
+  // Alt+Down drops the scope list down (as xterm sends it: ESC [ 1 ; 3 B); Down and
+  // Enter pick the next scope.
+  t->Keys({"M-Down"});
+  ASSERT_TRUE(t->WaitFor("All open documents")) << t->Screen();
+  t->Keys({"Down", "Enter"});
+  ASSERT_TRUE(t->WaitFor("Scope: Current document")) << t->Screen();
+  EXPECT_EQ(t->Screen().find("All open documents"), std::string::npos) << t->Screen();
   t->Keys({"Tab", "Tab", "Space"});  // past the scope and the tabs to the first box
   ASSERT_TRUE(t->WaitFor("[ ] Publicly available")) << t->Screen();
   // The box's hint shows at once when it takes the focus.
@@ -57,6 +64,7 @@ TEST_F(FormViewTmuxTest, TheOptionsDialogIsPlayedWithTheKeyboard) {
   t->Keys({"M-b"});  // "&Begin >>"
   ExpectRestored(*t, "0");
   EXPECT_NE(t->Screen().find("accepted\n"), std::string::npos);
+  EXPECT_NE(t->Screen().find("LastScope=1\n"), std::string::npos) << t->Screen();
   EXPECT_NE(t->Screen().find("EnablePublic=0\n"), std::string::npos);
   EXPECT_NE(t->Screen().find("EnableNonPublic=1\n"), std::string::npos);
 }

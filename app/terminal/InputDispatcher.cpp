@@ -60,8 +60,10 @@ void InputDispatcher::Key(forms::Form& form, const FormLayout& layout, const Inp
     return;
   }
   if (e.kind != InputEvent::Key) return;
-  if ((e.shift & mod::Alt) && !(e.shift & mod::Ctrl)) {
-    bool letterKey = (e.key >= 'A' && e.key <= 'Z') || (e.key >= '0' && e.key <= '9');
+  // Alt with a letter or a digit is an access key; with another key (Alt+Down on a
+  // drop-down list) it goes to the control as that key with Alt held.
+  bool letterKey = (e.key >= 'A' && e.key <= 'Z') || (e.key >= '0' && e.key <= '9');
+  if ((e.shift & mod::Alt) && !(e.shift & mod::Ctrl) && (letterKey || !e.text.empty())) {
     if (char letter = letterKey ? AccessLetter(std::string(1, static_cast<char>(e.key))) : AccessLetter(e.text))
       form.UserAccessKey(letter);
     return;
