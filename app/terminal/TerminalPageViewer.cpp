@@ -16,19 +16,12 @@ bool TerminalPageViewer::IsTextBrowser(const std::string& program) {
 bool TerminalPageViewer::Open(const std::string& path) {
   // With a display, the desktop's browser (or the first of $BROWSER that starts).
   if (std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY")) return platform::suite::DesktopPageViewer().Open(path);
-  if (const char* browsers = std::getenv("BROWSER"); browsers && *browsers) {
-    std::string list = browsers;
-    size_t begin = 0;
-    while (begin <= list.size()) {
-      size_t end = list.find(':', begin);
-      if (end == std::string::npos) end = list.size();
-      std::vector<std::string> command = ExternalEditor::Split(list.substr(begin, end - begin));
-      begin = end + 1;
-      if (command.empty() || !IsTextBrowser(command.front())) continue;
-      command.push_back(path);
-      std::string error;
-      if (ExternalEditor::Run(m_terminal, command, error) >= 0) return true;
-    }
+  for (const std::string& browser : platform::suite::PageViewer::UsersBrowsers()) {
+    std::vector<std::string> command = ExternalEditor::Split(browser);
+    if (command.empty() || !IsTextBrowser(command.front())) continue;
+    command.push_back(path);
+    std::string error;
+    if (ExternalEditor::Run(m_terminal, command, error) >= 0) return true;
   }
   return false;
 }

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 
 namespace platform::suite {
 
@@ -62,18 +63,22 @@ std::shared_ptr<PageViewer> PageViewer::Install(std::shared_ptr<PageViewer> view
   return previous;
 }
 
-bool DesktopPageViewer::Open(const std::string& path) {
-  if (const char* browsers = std::getenv("BROWSER"); browsers && *browsers) {
-    std::string list = browsers;
-    size_t begin = 0;
-    while (begin <= list.size()) {
-      size_t end = list.find(':', begin);
-      if (end == std::string::npos) end = list.size();
-      std::string program = list.substr(begin, end - begin);
-      if (!program.empty() && Start(program, path)) return true;
-      begin = end + 1;
-    }
+std::vector<std::string> PageViewer::UsersBrowsers() {
+  std::vector<std::string> browsers;
+  const char* list = std::getenv("BROWSER");
+  if (!list) return browsers;
+  for (const char* begin = list;;) {
+    const char* end = std::strchr(begin, ':');
+    std::string entry = end ? std::string(begin, end) : std::string(begin);
+    if (!entry.empty()) browsers.push_back(std::move(entry));
+    if (!end) return browsers;
+    begin = end + 1;
   }
+}
+
+bool DesktopPageViewer::Open(const std::string& path) {
+  for (const std::string& program : UsersBrowsers())
+    if (Start(program, path)) return true;
   // Without a display there is nothing to show a page on.
   if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) return false;
   return Start("xdg-open", path);

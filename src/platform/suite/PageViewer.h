@@ -17,6 +17,10 @@ class PageViewer {
   static PageViewer& Current();
   /// Installs `viewer` (none: the desktop's) and returns the one it replaces.
   static std::shared_ptr<PageViewer> Install(std::shared_ptr<PageViewer> viewer);
+
+  /// The browsers the user names in $BROWSER (":"-separated, the first to try first),
+  /// empty entries left out; none when it is unset.
+  static std::vector<std::string> UsersBrowsers();
 };
 
 /// The desktop's browser: the programs named in $BROWSER (":"-separated, the first
