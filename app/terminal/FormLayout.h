@@ -21,7 +21,7 @@ struct CellRect {
 };
 
 /// Where a form's controls are drawn on a terminal: each control's place in twips
-/// turned into cells at the fixed scale of Screen.h (a cell is 120 by 240 twips), both
+/// turned into cells at the fixed scale of Screen.h (a cell is 90 by 240 twips), both
 /// edges rounded to the nearest cell edge, so that the centre of a cell lies in a
 /// control exactly when the cell is drawn as part of it. A control is at least one cell
 /// each way; one of no size (image lists, timers) is not drawn.

@@ -7,31 +7,40 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Frame.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/Screen.h"
 #include "platform/forms/UserControl.h"
 
 using namespace app::terminal;
 namespace forms = platform::forms;
 
+namespace {
+constexpr int kCellX = forms::Screen::TwipsPerCellX, kCellY = forms::Screen::TwipsPerCellY;
+}  // namespace
+
 TEST(FormLayoutTest, RoundsTwipsToTheNearestCellEdge) {
   EXPECT_EQ(FormLayout::CellsX(0), 0);
-  EXPECT_EQ(FormLayout::CellsX(59), 0);
-  EXPECT_EQ(FormLayout::CellsX(60), 1);  // half a cell goes up
-  EXPECT_EQ(FormLayout::CellsX(4455), 37);
+  EXPECT_EQ(FormLayout::CellsX(kCellX / 2 - 1), 0);
+  EXPECT_EQ(FormLayout::CellsX(kCellX / 2), 1);  // half a cell goes up
+  EXPECT_EQ(FormLayout::CellsX(4455), 50);  // 49.5 cells
+  EXPECT_EQ(FormLayout::CellsX(5520), 61);  // 61.3 cells
   EXPECT_EQ(FormLayout::CellsY(3540), 15);
-  EXPECT_EQ(FormLayout::CellsY(119), 0);
-  EXPECT_EQ(FormLayout::CellsY(120), 1);
-  EXPECT_EQ(FormLayout::CellsX(-60), 0);
-  EXPECT_EQ(FormLayout::CellsX(-61), -1);
+  EXPECT_EQ(FormLayout::CellsY(kCellY / 2 - 1), 0);
+  EXPECT_EQ(FormLayout::CellsY(kCellY / 2), 1);
+  EXPECT_EQ(FormLayout::CellsX(-kCellX / 2), 0);
+  EXPECT_EQ(FormLayout::CellsX(-kCellX / 2 - 1), -1);
 }
 
 TEST(FormLayoutTest, PlacesTheOptionsDialogAtTheFixedScale) {
   annotra::FOptions dialog;
   dialog.ctlXMLComments1.Visible = true;
   FormLayout layout(dialog, 10, 5);
-  EXPECT_EQ(layout.Client(), (CellRect{10, 5, 55, 17}));
-  EXPECT_EQ(layout.Find(&dialog.Command1)->rect, (CellRect{10 + 37, 5 + 15, 8, 1}));
-  EXPECT_EQ(layout.Find(&dialog.cmbOperationScope)->rect, (CellRect{10 + 7, 5 + 1, 47, 1}));
-  EXPECT_EQ(layout.Find(&dialog.lblHint)->rect, (CellRect{10 + 2, 5 + 12, 51, 2}));
+  // 6585 by 3975 twips: 73 by 17 cells, which leaves room for the window's border on
+  // a terminal of 80 columns.
+  EXPECT_EQ(layout.Client(), (CellRect{10, 5, 73, 17}));
+  EXPECT_EQ(layout.Find(&dialog.Command1)->rect, (CellRect{10 + 50, 5 + 15, 11, 1}));
+  EXPECT_EQ(layout.Find(&dialog.Command2)->rect, (CellRect{10 + 61, 5 + 15, 11, 1}));
+  EXPECT_EQ(layout.Find(&dialog.cmbOperationScope)->rect, (CellRect{10 + 9, 5 + 1, 63, 1}));
+  EXPECT_EQ(layout.Find(&dialog.lblHint)->rect, (CellRect{10 + 2, 5 + 12, 69, 2}));
   // The hidden page is not laid out at all.
   EXPECT_EQ(layout.Find(&dialog.ctlStdComments1.chkEnabled), nullptr);
   // The page's last row lies below the page's own height but inside the tab strip: it
@@ -63,18 +72,18 @@ TEST(FormLayoutTest, ACellIsHitExactlyWhereTheFormFindsTheControlAtItsPoint) {
 
 TEST(FormLayoutTest, TextRunsOnOverFreeCellsUpToTheNextControlOrTheContainersEdge) {
   forms::Form form("F");
-  form.Width = 40 * 120;
-  form.Height = 10 * 240;
+  form.Width = 40 * kCellX;
+  form.Height = 10 * kCellY;
   forms::Frame frame(form, "Frame1");
-  frame.Move(0, 0, 30 * 120, 5 * 240);
+  frame.Move(0, 0, 30 * kCellX, 5 * kCellY);
   forms::Label inside(frame, "Label1", "A long caption");
-  inside.Move(120, 240, 3 * 120, 240);
+  inside.Move(kCellX, kCellY, 3 * kCellX, kCellY);
   forms::Label near(frame, "Label2", "x");
-  near.Move(20 * 120, 240, 2 * 120, 240);
+  near.Move(20 * kCellX, kCellY, 2 * kCellX, kCellY);
   forms::Label alone(form, "Label3", "y");
-  alone.Move(120, 7 * 240, 120, 240);
+  alone.Move(kCellX, 7 * kCellY, kCellX, kCellY);
   forms::CommandButton tiny(form, "Command1", "&OK");
-  tiny.Move(35 * 120, 8 * 240, 30, 30);  // smaller than a cell
+  tiny.Move(35 * kCellX, 8 * kCellY, 30, 30);  // smaller than a cell
   FormLayout layout(form, 0, 0);
   EXPECT_EQ(layout.Find(&inside)->textRight, 20);
   EXPECT_TRUE(layout.Find(&inside)->textMeetsControl);
@@ -88,16 +97,16 @@ TEST(FormLayoutTest, TextRunsOnOverFreeCellsUpToTheNextControlOrTheContainersEdg
 
 TEST(FormLayoutTest, AContainerCutsWhatItHoldsButAPanelDoesNot) {
   forms::Form form("F");
-  form.Width = 20 * 120;
-  form.Height = 10 * 240;
+  form.Width = 20 * kCellX;
+  form.Height = 10 * kCellY;
   forms::Frame frame(form, "Frame1");
-  frame.Move(0, 0, 10 * 120, 4 * 240);
+  frame.Move(0, 0, 10 * kCellX, 4 * kCellY);
   forms::UserControl panel(frame, "Panel1");
-  panel.Move(0, 0, 5 * 120, 2 * 240);
+  panel.Move(0, 0, 5 * kCellX, 2 * kCellY);
   forms::Label beyondPanel(panel, "Label1", "a");
-  beyondPanel.Move(0, 3 * 240, 120, 240);  // below the panel, inside the frame
+  beyondPanel.Move(0, 3 * kCellY, kCellX, kCellY);  // below the panel, inside the frame
   forms::Label beyondFrame(panel, "Label2", "b");
-  beyondFrame.Move(0, 6 * 240, 120, 240);  // below the frame
+  beyondFrame.Move(0, 6 * kCellY, kCellX, kCellY);  // below the frame
   FormLayout layout(form, 0, 0);
   EXPECT_EQ(layout.At(0, 3), &beyondPanel);
   EXPECT_EQ(layout.At(0, 6), nullptr);

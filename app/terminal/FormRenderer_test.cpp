@@ -5,7 +5,9 @@
 #include <clocale>
 
 #include "options/OptionsFixture_test.h"
+#include "platform/forms/CheckBox.h"
 #include "platform/forms/Form.h"
+#include "platform/forms/Screen.h"
 #include "platform/forms/TextBox.h"
 #include "platform/forms/TreeView.h"
 #include "platform/win32/WindowStyles.h"
@@ -15,6 +17,8 @@ using namespace app::terminal;
 namespace forms = platform::forms;
 
 namespace {
+
+constexpr int kCellX = forms::Screen::TwipsPerCellX, kCellY = forms::Screen::TwipsPerCellY;
 
 // The options dialog as GetOptions shows it, drawn on a screen in memory.
 class FormRendererTest : public annotra::testing::OptionsFixture {
@@ -40,7 +44,7 @@ class FormRendererTest : public annotra::testing::OptionsFixture {
   }
 
   annotra::FOptions dialog;
-  MemoryTerminal screen{60, 21};
+  MemoryTerminal screen{80, 21};
   TreeCursors trees;
 };
 
@@ -48,17 +52,20 @@ class FormRendererTest : public annotra::testing::OptionsFixture {
 
 TEST_F(FormRendererTest, DrawsTheDialogInAWindowWithItsCaptionCloseBoxAndControls) {
   Draw();
-  EXPECT_EQ(screen.Line(0), "┌─ Annotra - by Scribane ────────────────────────────[×]┐");
-  EXPECT_EQ(screen.Line(1), "│                                                       │");
-  EXPECT_TRUE(screen.Contains("│ Scope:"));
+  // The window, 73 cells and its border wide, fits a terminal of 80 columns.
+  EXPECT_EQ(screen.Line(0), "┌─ Annotra - by Scribane ──────────────────────────────────────────────[×]┐");
+  EXPECT_EQ(screen.Line(1), "│                                                                         │");
+  EXPECT_TRUE(screen.Contains("│  Scope:"));
   EXPECT_TRUE(screen.Contains(" Definition Comments  In-method Comments "));
-  EXPECT_TRUE(screen.Contains("[x] Publicly available definitions should be commen…"));
-  EXPECT_TRUE(screen.Contains("[ ] Accept <in… [x] Compare para… [ ] Skip generate…"));
+  // Every caption fits the width its control was given.
+  EXPECT_TRUE(screen.Contains("   [x] Publicly available definitions should be commented "));
+  EXPECT_TRUE(screen.Contains("   [x] Non-publicly available definitions should be commented "));
+  EXPECT_TRUE(screen.Contains("   [ ] Accept <inheritdoc/> [x] Compare param types [ ] Skip generated "));
   // The hint's frame is too low for a box round it: a line down either side.
-  EXPECT_EQ(screen.Line(13), "│ │Choose here the scope at which Scribane will       │ │");
-  EXPECT_EQ(screen.Line(14), "│ │perform the code commenting review operation.      │ │");
-  EXPECT_TRUE(screen.Contains("  Help   Options                    Begin >>  Cancel  "));
-  EXPECT_EQ(screen.Line(18), "└───────────────────────────────────────────────────────┘");
+  EXPECT_EQ(screen.Line(13), "│ │Choose here the scope at which Scribane will perform the code        │ │");
+  EXPECT_EQ(screen.Line(14), "│ │commenting review operation.                                         │ │");
+  EXPECT_EQ(screen.Line(16), "│    Help       Options                             Begin >>    Cancel    │");
+  EXPECT_EQ(screen.Line(18), "└─────────────────────────────────────────────────────────────────────────┘");
 }
 
 TEST_F(FormRendererTest, ShowsFocusDefaultDisabledControlsAndAccessKeys) {
@@ -99,11 +106,11 @@ TEST_F(FormRendererTest, DrawsTheDroppedDownScopeListOverTheControlsBelow) {
 TEST(FormRendererControlsTest, DrawsTreeLinesSignsBoxesTheCursorAndMoreBelow) {
   std::setlocale(LC_CTYPE, "C.UTF-8");
   forms::Form form("F");
-  form.Width = 30 * 120;
-  form.Height = 6 * 240;
+  form.Width = 30 * kCellX;
+  form.Height = 6 * kCellY;
   forms::TreeView tree(form, "TreeView1");
   tree.Checkboxes = true;
-  tree.Move(0, 0, 30 * 120, 5 * 240);  // three lines inside its border
+  tree.Move(0, 0, 30 * kCellX, 5 * kCellY);  // three lines inside its border
   tree.Add("", forms::tvwLast, "CMethod", "Method")->Expanded = true;
   tree.SetStateImage(*tree.Item("CMethod"), 0);
   tree.Add("CMethod", forms::tvwChild, "TMethod*summary", "<summary>")->SetChecked(true);
@@ -126,10 +133,10 @@ TEST(FormRendererControlsTest, DrawsTreeLinesSignsBoxesTheCursorAndMoreBelow) {
 
 TEST(FormRendererControlsTest, ATextBoxShowsTheEndOfItsTextWithTheCursorAfterIt) {
   forms::Form form("F");
-  form.Width = 20 * 120;
-  form.Height = 2 * 240;
+  form.Width = 20 * kCellX;
+  form.Height = 2 * kCellY;
   forms::TextBox box(form, "Text1", "123456789");
-  box.Move(120, 0, 5 * 120, 240);
+  box.Move(kCellX, 0, 5 * kCellX, kCellY);
   form.SetFocus(box);
   MemoryTerminal screen(20, 2);
   TreeCursors trees;
@@ -138,4 +145,23 @@ TEST(FormRendererControlsTest, ATextBoxShowsTheEndOfItsTextWithTheCursorAfterIt)
   EXPECT_TRUE(screen.cursorVisible);
   EXPECT_EQ(screen.cursorX, 5);
   EXPECT_EQ(screen.StyleAt(1, 0).color, Style::Field);
+}
+
+TEST(FormRendererControlsTest, ACheckBoxsCaptionRunsOnOverFreeCellsAndIsCutBeforeTheNextControl) {
+  std::setlocale(LC_CTYPE, "C.UTF-8");
+  forms::Form form("F");
+  form.Width = 40 * kCellX;
+  form.Height = kCellY;
+  forms::CheckBox first(form, "Check1", "Accept <inheritdoc/>");
+  first.Move(0, 0, 8 * kCellX, kCellY);
+  forms::CheckBox second(form, "Check2", "Compare parameter types");
+  second.Move(12 * kCellX, 0, 10 * kCellX, kCellY);
+  second.Value = 1;
+  MemoryTerminal screen(40, 1);
+  TreeCursors trees;
+  FormRenderer(screen, trees).DrawForm(form, FormLayout(form, 0, 0), true);
+  // The first caption stops a blank cell before the second box; the second runs on
+  // to the form's edge.
+  EXPECT_EQ(screen.Line(0), "[ ] Accept… [x] Compare parameter types");
+  std::setlocale(LC_CTYPE, "C");
 }

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <iterator>
 
 #include "platform/dao/Workspace.h"
 #include "platform/forms/Form.h"
+#include "platform/forms/Screen.h"
 #include "platform/grid/Grid.h"
 #include "testsupport/FindingsTable.h"
 #include "testsupport/TempDir.h"
@@ -15,6 +17,8 @@ using namespace app::terminal;
 using testsupport::FindingRow;
 
 namespace {
+
+constexpr int kCellX = platform::forms::Screen::TwipsPerCellX, kCellY = platform::forms::Screen::TwipsPerCellY;
 
 // A grid bound to findings in a real database file, drawn on a screen in memory.
 class GridPainterTest : public ::testing::Test {
@@ -27,10 +31,10 @@ class GridPainterTest : public ::testing::Test {
                              {{"P", "b.cs", "Method", "", "Run", 30, 31, "Missing <summary> tag", 2},
                               {"P", "a.cs", "Class", "", "Shape", 10, 40, "No comment"},
                               {"Q", "a.cs", "Method", "Sub", "area", 12, 12, "Missing <summary> tag"}});
-    grid.Move(0, 0, 40 * 120, 6 * 240);
+    grid.Move(0, 0, 40 * kCellX, 6 * kCellY);
     grid.Bind(db->OpenRecordset("T", platform::dao::dbOpenDynaset));
     for (const char* key : {"ID", "Flag", "Path", "Start", "End", "Status", "Problem"}) grid.Column(key)->Visible = false;
-    for (const char* key : {"Project", "Document", "Type", "Member"}) grid.Column(key)->Width = 8 * 120;
+    for (const char* key : {"Project", "Document", "Type", "Member"}) grid.Column(key)->Width = 8 * kCellX;
     grid.FormatConditions.push_back({"Flag", "2", "dimmed"});
   }
   void TearDown() override { std::setlocale(LC_CTYPE, "C"); }
@@ -78,9 +82,20 @@ TEST_F(GridPainterTest, DrawsTheGroupByBoxAndGroupRowsIndentedWithTheirCounts) {
   EXPECT_TRUE(screen.StyleAt(4, 3).bold);
 }
 
+TEST_F(GridPainterTest, AGroupByBoxEntryIsDrawnOverTheCellsWhereTheGridFindsIt) {
+  grid.GroupByBoxVisible = true;
+  grid.SetGroups({{"Problem", platform::grid::soAscending}, {"Document", platform::grid::soAscending}});
+  Draw();
+  EXPECT_EQ(screen.Line(0), " [Problem ×] [Document ×]");
+  // A cell's centre lies in the entry drawn there, and in none where no entry is.
+  const int entry[] = {0, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 0, 2, 2, 2, 2, 2, 2, 2, 2, 2, 2, 2, 2, 0};
+  for (int x = 0; x < static_cast<int>(std::size(entry)); ++x)
+    EXPECT_EQ(grid.GroupFromPoint(x * kCellX + kCellX / 2, kCellY / 2), entry[x]) << "cell " << x;
+}
+
 TEST_F(GridPainterTest, CutsColumnsScrolledToTheLeftAndMarksRowsOutOfSight) {
-  grid.Move(0, 0, 20 * 120, 3 * 240);  // the headers and two rows
-  grid.SetScrollLeft(6 * 120);
+  grid.Move(0, 0, 20 * kCellX, 3 * kCellY);  // the headers and two rows
+  grid.SetScrollLeft(6 * kCellX);
   screen.Clear();
   GridPainter(screen, Glyphs::For(true)).Draw(grid, {0, 0, 20, 3}, true, Style::Plain);
   EXPECT_EQ(screen.Line(0), "  t Docume… Type");  // "Project" scrolled off but its end

@@ -11,6 +11,7 @@
 #include "pane/PaneFixture_test.h"
 #include "platform/automation/StatusBar.h"
 #include "platform/automation/Window.h"
+#include "platform/forms/Screen.h"
 #include "terminal/EventLoop.h"
 #include "terminal/MemoryTerminal.h"
 #include "terminal/TerminalPresenter.h"
@@ -75,8 +76,8 @@ TEST_F(PaneScreenTest, DrawsTheToolWindowTheEditorWindowAndTheStatusBar) {
   EXPECT_TRUE(term.Contains(" Enter code  n next  p prev  e editor  F10 menu  Ctrl+N new  F5 refresh  q quit "));
   // The tool window was sized to its place on the screen.
   CellRect client = screen->ToolClient(100, 30);
-  EXPECT_EQ(window->WindowObject()->Width(), client.w * 120);
-  EXPECT_EQ(window->WindowObject()->Height(), client.h * 240);
+  EXPECT_EQ(window->WindowObject()->Width(), client.w * forms::Screen::TwipsPerCellX);
+  EXPECT_EQ(window->WindowObject()->Height(), client.h * forms::Screen::TwipsPerCellY);
 }
 
 TEST_F(PaneScreenTest, EnterShowsTheFindingInTheEditorWindowAndMarksItsRow) {
@@ -181,7 +182,7 @@ TEST_F(PaneScreenTest, AResizedTerminalLaysThePaneOutAgain) {
   term.SetSize(120, 40);
   Play();
   CellRect client = screen->ToolClient(120, 40);
-  EXPECT_EQ(window->WindowObject()->Width(), client.w * 120);
+  EXPECT_EQ(window->WindowObject()->Width(), client.w * forms::Screen::TwipsPerCellX);
   EXPECT_EQ(term.Line(0).size() > 0, true);
   EXPECT_NE(term.Line(39).find(" Tab: editor window"), std::string::npos);
 }

@@ -13,6 +13,7 @@
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/Screen.h"
 #include "platform/forms/TextBox.h"
 #include "platform/forms/Timer.h"
 #include "platform/forms/TreeView.h"
@@ -27,7 +28,7 @@ namespace forms = platform::forms;
 
 namespace {
 
-constexpr int kCellX = 120, kCellY = 240;
+constexpr int kCellX = forms::Screen::TwipsPerCellX, kCellY = forms::Screen::TwipsPerCellY;
 
 // A dialog with one control of each kind the dispatcher treats apart, which logs what
 // reaches it. On an 80 by 24 screen its 40 by 12 client area starts at cell (20, 6).
@@ -160,8 +161,10 @@ TEST_F(TerminalPresenterTest, AClickIsAPressAndAReleaseOverTheSameControl) {
   screen.Call([&] { EXPECT_TRUE(form.IsVisible()); });
   screen.Click(X(26), Y(10));
   Run();
-  EXPECT_EQ(form.log, (std::vector<std::string>{"down 1 300,120", "up 1 719,120", "down 1 300,120",
-                                                "up 1 300,120", "ok"}));
+  // Points in twips on the button: the centre of its third cell (2.5 cells of 90 twips
+  // across, half a row down); the release over Cancel is kept at OK's right edge.
+  EXPECT_EQ(form.log, (std::vector<std::string>{"down 1 225,120", "up 1 539,120", "down 1 225,120",
+                                                "up 1 225,120", "ok"}));
   EXPECT_EQ(form.ActiveControl(), &form.cmdOK);
 }
 
@@ -172,7 +175,9 @@ TEST_F(TerminalPresenterTest, MouseMovesReachTheControlOrTheFormInTwips) {
   screen.Mouse(InputEvent::Move, 0, X(50), Y(3));  // outside the dialog
   screen.Key(key::Escape);
   Run();
-  EXPECT_EQ(form.log, (std::vector<std::string>{"move 0 300,120", "form move 3660,840", "cancel"}));
+  // The centres of the cells: 2.5 cells into the check box, 30.5 cells and 3.5 rows into
+  // the form.
+  EXPECT_EQ(form.log, (std::vector<std::string>{"move 0 225,120", "form move 2745,840", "cancel"}));
 }
 
 TEST_F(TerminalPresenterTest, ClicksCheckTreeBoxesOpenSignsAndSelectLines) {

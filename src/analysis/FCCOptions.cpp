@@ -14,6 +14,7 @@
 #include "platform/forms/DoEvents.h"
 #include "platform/suite/ElementKinds.h"
 #include "platform/forms/MessageBox.h"
+#include "platform/forms/Screen.h"
 #include "platform/suite/FormHelper.h"
 #include "platform/suite/Help.h"
 #include "platform/suite/SettingsStore.h"
@@ -66,11 +67,11 @@ FCCOptions::FCCOptions()
       Command3(*this, "Command3", "&Help"),
       ImageList1(*this, "ImageList1"),
       imgState(*this, "imgState") {
-  Width = 5400;
-  Height = 5700;
-  // In cells of 120 by 240 twips: the prompt over two lines, the tree on the left with
+  // In the cells of a terminal: the prompt over two lines, the tree on the left with
   // its buttons beside it, a separator, and the dialog's buttons along the bottom.
-  constexpr int x = 120, y = 240;
+  constexpr int x = platform::forms::Screen::TwipsPerCellX, y = platform::forms::Screen::TwipsPerCellY;
+  Width = 45 * x;
+  Height = 5700;
   Label1.Move(1 * x, 1 * y, 43 * x, 2 * y);
   TreeView1.Move(1 * x, 4 * y, 29 * x, 15 * y);
   cmdCheckAll.Move(31 * x, 4 * y, 13 * x, 1 * y);

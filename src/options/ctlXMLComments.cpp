@@ -33,9 +33,9 @@ void ctlXMLComments::UserControl_Initialize() {
       {chkPublicXML, "Should use XML comments", 240, 330, 4305, 1},
       {chkNonPublic, "Non-publicly available definitions should be commented", 0, 870, 5265, 2},
       {chkNonPublicXML, "Should use XML comments", 240, 1200, 4305, 3},
-      {chkInheritDoc, "Accept <inheritdoc/>", 0, 1530, 1800, 4},
-      {chkParamTypes, "Compare parameter types", 1860, 1530, 2160, 5},
-      {chkSkipGenerated, "Skip generated files", 4080, 1530, 1785, 6},
+      {chkInheritDoc, "Accept <inheritdoc/>", 0, 1530, 2160, 4},
+      {chkParamTypes, "Compare param types", 2250, 1530, 2070, 5},
+      {chkSkipGenerated, "Skip generated", 4410, 1530, 1620, 6},
   };
   for (const Place& p : places) {
     p.box.Caption = p.caption;

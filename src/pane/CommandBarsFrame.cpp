@@ -1,11 +1,12 @@
 #include "pane/CommandBarsFrame.h"
 
 #include "platform/core/Error.h"
+#include "platform/forms/Screen.h"
 
 namespace annotra {
 
 namespace {
-constexpr int kCell = 120;
+constexpr int kCell = platform::forms::Screen::TwipsPerCellX;
 int CharCount(const std::string& text) {
   int n = 0;
   for (unsigned char c : text)

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/forms/Form.h"
+#include "platform/forms/Screen.h"
 #include "platform/forms/ScriptedPresenter.h"
 
 using namespace annotra;
@@ -40,7 +41,7 @@ TEST(ctlTbrResults, SevenButtonsInThreeSeparatedGroupsEachRaisingItsIdentifierOn
     if (i > 0) {
       // A separator cell stands between groups, none inside one.
       int gap = buttons[i]->Left - (buttons[i - 1]->Left + buttons[i - 1]->Width);
-      EXPECT_EQ(gap, expected[i].group ? 120 : 0) << expected[i].caption;
+      EXPECT_EQ(gap, expected[i].group ? platform::forms::Screen::TwipsPerCellX : 0) << expected[i].caption;
     }
     EXPECT_TRUE(buttons[i]->UserClick());
   }

@@ -13,9 +13,10 @@ namespace platform::grid {
 
 namespace {
 
-constexpr int kBoxEntryStart = 120;
-constexpr int kBoxEntryGap = 120;
-constexpr int kCharWidth = 120;
+// The group-by box's entries are drawn one character a cell, a cell apart.
+constexpr int kCharWidth = forms::Screen::TwipsPerCellX;
+constexpr int kBoxEntryStart = kCharWidth;
+constexpr int kBoxEntryGap = kCharWidth;
 
 bool SameNameNoCase(const std::string& a, const std::string& b) {
   return a.size() == b.size() &&

@@ -10,6 +10,7 @@
 #include "platform/core/Variant.h"
 #include "platform/forms/Control.h"
 #include "platform/forms/Font.h"
+#include "platform/forms/Screen.h"
 #include "platform/grid/GridColumn.h"
 #include "platform/grid/GridLayout.h"
 #include "platform/grid/GridPrinterSettings.h"
@@ -63,12 +64,13 @@ struct ColumnSpan {
 /// group-by box (when shown) is the first line, the column headers the next, then one
 /// line per row from TopRow on. A row starts with its selector (kSelectorWidth);
 /// columns start after the selector and one kGroupIndent per grouping; a group row is
-/// drawn from its level's indent on.
+/// drawn from its level's indent on. The selector and an indent are two cells wide, so
+/// that a terminal draws them whole.
 class Grid : public forms::Control {
  public:
-  static constexpr int kLineHeight = 240;
-  static constexpr int kSelectorWidth = 240;
-  static constexpr int kGroupIndent = 240;
+  static constexpr int kLineHeight = forms::Screen::TwipsPerCellY;
+  static constexpr int kSelectorWidth = 2 * forms::Screen::TwipsPerCellX;
+  static constexpr int kGroupIndent = 2 * forms::Screen::TwipsPerCellX;
 
   Grid(forms::Form& owner, std::string name);
   Grid(forms::Control& container, std::string name);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/core/Error.h"
+#include "platform/forms/Screen.h"
 #include "platform/grid/Grid.h"
 #include "platform/suite/FormHelper.h"
 
@@ -25,28 +26,28 @@ const char* PromptOf(FGridColumns::Task task) {
   }
   return "";
 }
-constexpr int kCellX = 120, kCellY = 240;
+constexpr int kCellX = forms::Screen::TwipsPerCellX, kCellY = forms::Screen::TwipsPerCellY;
 }  // namespace
 
 FGridColumns::FGridColumns(Task task, grid::Grid& grid, bool visibleOnly, std::shared_ptr<SettingsStore> settings)
     : Form(task == GroupBy ? "FGroupBy" : task == Sort ? "FSort" : "FFieldChooser", CaptionOf(task)),
       m_task(task), m_grid(grid), m_visibleOnly(visibleOnly), m_settings(std::move(settings)) {
-  // Placed in terminal cells: a 44 by 16 cell dialog, the list on the left, the
-  // buttons on the right.
-  Width = 44 * kCellX;
+  // Placed in terminal cells: a 48 by 16 cell dialog, the prompt across it (the
+  // longest is 46 characters), the list on the left, the buttons on the right.
+  Width = 48 * kCellX;
   Height = 16 * kCellY;
   lblColumns.Caption = PromptOf(task);
-  lblColumns.Move(kCellX, kCellY / 2, 42 * kCellX, kCellY);
+  lblColumns.Move(kCellX, kCellY / 2, 46 * kCellX, kCellY);
   lstColumns.Checkboxes = true;
-  lstColumns.Move(kCellX, 2 * kCellY, 28 * kCellX, 12 * kCellY);
-  cmdUp.Move(30 * kCellX, 2 * kCellY, 13 * kCellX, kCellY);
-  cmdDown.Move(30 * kCellX, 4 * kCellY, 13 * kCellX, kCellY);
-  chkDescending.Move(30 * kCellX, 6 * kCellY, 13 * kCellX, kCellY);
+  lstColumns.Move(kCellX, 2 * kCellY, 30 * kCellX, 12 * kCellY);
+  cmdUp.Move(33 * kCellX, 2 * kCellY, 14 * kCellX, kCellY);
+  cmdDown.Move(33 * kCellX, 4 * kCellY, 14 * kCellX, kCellY);
+  chkDescending.Move(33 * kCellX, 6 * kCellY, 14 * kCellX, kCellY);
   chkDescending.Visible = task != Fields;
   cmdOK.Default = true;
-  cmdOK.Move(30 * kCellX, 11 * kCellY, 13 * kCellX, kCellY);
+  cmdOK.Move(33 * kCellX, 11 * kCellY, 14 * kCellX, kCellY);
   cmdCancel.Cancel = true;
-  cmdCancel.Move(30 * kCellX, 13 * kCellY, 13 * kCellX, kCellY);
+  cmdCancel.Move(33 * kCellX, 13 * kCellY, 14 * kCellX, kCellY);
 
   lstColumns.NodeClick.Connect([this](Ref<forms::TreeNode> node) {
     m_selected = node->Key;

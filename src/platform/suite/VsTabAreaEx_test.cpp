@@ -5,6 +5,7 @@
 #include "platform/core/Error.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
+#include "platform/forms/Screen.h"
 
 namespace platform::suite {
 namespace {
@@ -58,9 +59,12 @@ TEST(VsTabAreaExTest, TabsAreFoundByKeyAndIndexAndSelectedByCodeWithoutTabClick)
 
 TEST(VsTabAreaExTest, AClickOnATabSelectsItAndRaisesTabClick) {
   Dialog d;
+  // A tab is its caption with a blank cell either side.
+  constexpr int kCellX = forms::Screen::TwipsPerCellX;
   EXPECT_EQ(d.strip.TabLeft(1), 0);
-  EXPECT_EQ(d.strip.TabWidth(1), 21 * 120);
-  EXPECT_EQ(d.strip.TabLeft(2), 21 * 120);
+  EXPECT_EQ(d.strip.TabWidth(1), 21 * kCellX);
+  EXPECT_EQ(d.strip.TabLeft(2), 21 * kCellX);
+  EXPECT_EQ(d.strip.TabAt(21 * kCellX - 1, 100), 1);
   EXPECT_EQ(d.strip.TabAt(2600, 100), 2);
   EXPECT_EQ(d.strip.TabAt(2600, VsTabAreaEx::HeaderHeight), 0);  // below the tabs
   EXPECT_EQ(d.strip.TabAt(6000, 100), 0);                        // right of them
