@@ -27,6 +27,17 @@ int Depth(const Control& c) {
   return depth;
 }
 
+// The cells [first, last) a control from `start` over `length` twips takes: its edges
+// rounded to the nearest cell edge; one that rounds to no cell takes the cell its middle
+// falls in, so a label of less than a row sits on the row of the text box beside it.
+std::pair<int, int> Span(int start, int length, int unit) {
+  int first = RoundedCells(start, unit), last = RoundedCells(start + length, unit);
+  if (last > first) return {first, last};
+  long long middle = static_cast<long long>(start) + length / 2;
+  int cell = static_cast<int>(middle >= 0 ? middle / unit : (middle - unit + 1) / unit);
+  return {cell, cell + 1};
+}
+
 bool IsPanel(const Control& c) { return dynamic_cast<const platform::forms::UserControl*>(&c) != nullptr; }
 }  // namespace
 
@@ -44,9 +55,8 @@ FormLayout::FormLayout(const platform::forms::Form& form, int originX, int origi
   for (Control* c : form.Controls()) {
     if (!c->Shown() || c->Width <= 0 || c->Height <= 0) continue;
     int left = c->FormLeft(), top = c->FormTop();
-    int x0 = CellsX(left), y0 = CellsY(top);
-    int x1 = std::max(x0 + 1, CellsX(left + c->Width));
-    int y1 = std::max(y0 + 1, CellsY(top + c->Height));
+    auto [x0, x1] = Span(left, c->Width, Screen::TwipsPerCellX);
+    auto [y0, y1] = Span(top, c->Height, Screen::TwipsPerCellY);
     Placed p{c, {originX + x0, originY + y0, x1 - x0, y1 - y0}, m_client, 0, false, Depth(*c)};
     m_placed.push_back(p);
   }

@@ -52,6 +52,23 @@ TEST(FormLayoutTest, PlacesTheOptionsDialogAtTheFixedScale) {
   EXPECT_EQ(layout.At(extra->rect.x, extra->rect.y), &dialog.ctlXMLComments1.chkInheritDoc);
 }
 
+TEST(FormLayoutTest, AControlOfLessThanACellTakesTheCellItsMiddleFallsIn) {
+  annotra::FOptions dialog;
+  dialog.ctlStdComments1.Visible = true;
+  FormLayout layout(dialog, 0, 0);
+  // The line limit's labels are lower than a row and start lower than its text box;
+  // rounded edge by edge they would take the row below the box. Their middles are on
+  // the box's first row, and so is their text.
+  const auto& page = dialog.ctlStdComments1;
+  const CellRect box = layout.Find(&page.Text1)->rect;
+  const CellRect before = layout.Find(&page.Label2)->rect;
+  const CellRect after = layout.Find(&page.Label4)->rect;
+  EXPECT_EQ(before.h, 1);
+  EXPECT_EQ(before.y, box.y);
+  EXPECT_EQ(after.y, box.y);
+  EXPECT_EQ(before.Right(), FormLayout::CellsX(page.Label2.FormLeft() + page.Label2.Width));
+}
+
 TEST(FormLayoutTest, ACellIsHitExactlyWhereTheFormFindsTheControlAtItsPoint) {
   annotra::FOptions dialog;
   dialog.ctlXMLComments1.Visible = true;
