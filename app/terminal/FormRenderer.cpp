@@ -24,19 +24,8 @@ namespace suite = platform::suite;
 
 void FormRenderer::Put(int x, int y, const std::string& s, const Style& style, const CellRect& clip) {
   if (y < clip.y || y >= clip.Bottom()) return;
-  std::string out;
-  int col = x, start = -1;
-  for (const std::string& c : text::Characters(s)) {
-    int w = text::CharWidth(c);
-    if (col >= clip.x && col + w <= clip.Right()) {
-      if (start < 0) start = col;
-      out += c;
-    } else if (start >= 0) {
-      break;
-    }
-    col += w;
-  }
-  if (start >= 0) m_t.Put(start, y, out, style);
+  text::Span shown = text::Clip(s, x, clip.x, clip.Right());
+  if (shown.column >= 0) m_t.Put(shown.column, y, shown.text, style);
 }
 
 int FormRenderer::TextRoom(const FormLayout::Placed& p, int x, const std::string& caption) const {

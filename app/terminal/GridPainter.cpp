@@ -13,19 +13,8 @@ namespace app::terminal {
 namespace grid = platform::grid;
 
 void GridPainter::PutCut(int x, int y, int left, int right, const std::string& s, const Style& style) {
-  std::string out;
-  int col = x, start = -1;
-  for (const std::string& c : text::Characters(s)) {
-    int w = text::CharWidth(c);
-    if (col >= left && col + w <= right) {
-      if (start < 0) start = col;
-      out += c;
-    } else if (start >= 0) {
-      break;
-    }
-    col += w;
-  }
-  if (start >= 0) m_t.Put(start, y, out, style);
+  text::Span shown = text::Clip(s, x, left, right);
+  if (shown.column >= 0) m_t.Put(shown.column, y, shown.text, style);
 }
 
 void GridPainter::Draw(const grid::Grid& g, const CellRect& rect, bool focused, Style::Color base) {

@@ -139,4 +139,20 @@ std::vector<std::string> Wrap(std::string_view s, int width) {
   return lines;
 }
 
+Span Clip(std::string_view s, int x, int left, int right) {
+  Span span;
+  int col = x;
+  for (const std::string& c : Characters(s)) {
+    int w = CharWidth(c);
+    if (col >= left && col + w <= right) {
+      if (span.column < 0) span.column = col;
+      span.text += c;
+    } else if (span.column >= 0) {
+      break;
+    }
+    col += w;
+  }
+  return span;
+}
+
 }  // namespace app::terminal::text

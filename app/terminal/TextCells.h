@@ -21,6 +21,14 @@ int Width(std::string_view s);
 /// `s` cut to at most `width` cells; when it had to be cut and `ellipsis` is not empty,
 /// the last cell shows `ellipsis` (one cell wide) instead.
 std::string Fit(std::string_view s, int width, std::string_view ellipsis = "");
+/// The part of `s`, written from column `x`, that lies between columns `left` (included)
+/// and `right` (excluded): its whole characters there, and the column it starts at
+/// (-1, with no text, when none lies there). A wide character cut by an edge is left out.
+struct Span {
+  int column = -1;
+  std::string text;
+};
+Span Clip(std::string_view s, int x, int left, int right);
 /// `s` padded with spaces (or cut) to exactly `width` cells.
 std::string Pad(std::string_view s, int width);
 /// `s` broken into lines of at most `width` cells, at spaces where it can be and inside

@@ -34,6 +34,19 @@ TEST_F(TextCellsTest, FitsTextIntoCellsWithAnEllipsisWhereItIsCut) {
   EXPECT_EQ(text::Pad("abcdef", 4), "abcd");
 }
 
+TEST_F(TextCellsTest, ClipsTextWrittenAtAColumnToTheColumnsBetweenTwoEdges) {
+  auto clip = [](std::string_view s, int x, int left, int right) {
+    text::Span span = text::Clip(s, x, left, right);
+    return std::to_string(span.column) + ":" + span.text;
+  };
+  EXPECT_EQ(clip("abcdef", 2, 0, 80), "2:abcdef");
+  EXPECT_EQ(clip("abcdef", 2, 4, 6), "4:cd");     // cut on both sides
+  EXPECT_EQ(clip("abcdef", -3, 0, 80), "0:def");  // scrolled past the left edge
+  EXPECT_EQ(clip("abc", 5, 0, 5), "-1:");         // wholly right of the edge
+  EXPECT_EQ(clip("日本語", 0, 1, 6), "2:本語");     // a wide character across the edge left out
+  EXPECT_EQ(clip("日本語", 0, 0, 5), "0:日本");
+}
+
 TEST_F(TextCellsTest, WrapsAtSpacesBreaksLongWordsAndKeepsLineBreaks) {
   EXPECT_EQ(text::Wrap("Click to open this subsystem's online documentation.", 20),
             (std::vector<std::string>{"Click to open this", "subsystem's online", "documentation."}));
