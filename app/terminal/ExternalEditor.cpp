@@ -59,7 +59,8 @@ std::vector<std::string> ExternalEditor::CommandLine(const std::string& command,
     words.push_back("-g");
     words.push_back(file + ":" + std::to_string(line));
   } else {
-    words.push_back("+" + std::to_string(line));
+    // Appended: "+" + std::to_string(line) trips a false -Wrestrict in GCC 12 at -O2.
+    words.push_back(std::string("+").append(std::to_string(line)));
     words.push_back(file);
   }
   return words;

@@ -80,7 +80,8 @@ void FormRenderer::DrawWindow(const CellRect& client, const std::string& caption
   Box(window, frame);
   Style title{Style::Title, active};
   int room = window.w - 4 - (closeBox ? 4 : 0);
-  std::string shown = " " + text::Fit(caption, std::max(0, room - 2), m_g.ellipsis) + " ";
+  // Appended: " " + a temporary string trips a false -Wrestrict in GCC 12 at -O2.
+  std::string shown = std::string(" ").append(text::Fit(caption, std::max(0, room - 2), m_g.ellipsis)).append(" ");
   m_t.Put(window.x + 2, window.y, shown, title);
   if (closeBox) {
     CellRect box = geometry::CloseBoxOf(client);
