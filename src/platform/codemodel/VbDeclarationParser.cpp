@@ -172,6 +172,12 @@ std::optional<int> ExplicitAccess(const Modifiers& m) {
   return std::nullopt;
 }
 
+// A parameter list read where one may be left out: none when it was left out.
+std::optional<std::vector<ParameterData>> OrNone(std::vector<ParameterData> parameters) {
+  if (parameters.empty()) return std::nullopt;
+  return parameters;
+}
+
 bool InType(VbBlock b) {
   return b == VbBlock::Class || b == VbBlock::Module || b == VbBlock::Structure || b == VbBlock::Interface;
 }
@@ -549,6 +555,17 @@ Declaration& VbDeclarationParser::AddDeclared(Header& h, int kind, VbDeclaration
   return e;
 }
 
+Declaration& VbDeclarationParser::AddMember(Header& h, int kind, VbDeclaration& d, std::string name, int access,
+                                            std::optional<std::vector<ParameterData>> parameters, std::string type) {
+  Declaration& e = AddDeclared(h, kind, d);
+  e.name = std::move(name);
+  e.access = access;
+  e.parameters = std::move(parameters);
+  e.prototypeType = std::move(type);
+  d.element = &e;
+  return e;
+}
+
 void VbDeclarationParser::ReadEnumMember(const VbStatement& st, Declaration& owner) {
   Header h(st);
   if (!ReadPreamble(h)) return;
@@ -652,12 +669,7 @@ VbDeclaration VbDeclarationParser::ReadMethod(Header& h, VbKeyword keyword) {
   d.endKeyword = keyword;
   d.what = HasBody(h.modifiers, h.where) ? VbDeclaration::What::Body : VbDeclaration::What::Single;
   if (!InType(h.where) || name.empty()) return d;  // out of place: its body is skipped all the same
-  Declaration& e = AddDeclared(h, vsCMElementFunction, d);
-  e.name = std::move(name);
-  e.access = MemberAccess(h.modifiers);
-  e.parameters = std::move(params);
-  e.prototypeType = std::move(type);
-  d.element = &e;
+  AddMember(h, vsCMElementFunction, d, std::move(name), MemberAccess(h.modifiers), std::move(params), std::move(type));
   return d;
 }
 
@@ -675,16 +687,11 @@ VbDeclaration VbDeclarationParser::ReadOperator(Header& h) {
   d.endKeyword = VbKeyword::Operator;
   d.what = HasBody(h.modifiers, h.where) ? VbDeclaration::What::Body : VbDeclaration::What::Single;
   if (!InType(h.where) || symbol.empty()) return d;
-  Declaration& e = AddDeclared(h, vsCMElementFunction, d);
   const Modifiers& m = h.modifiers;
-  if (IsCType(symbol) && (m.widening || m.narrowing))
-    e.name = (m.widening ? "implicit operator " : "explicit operator ") + type;
-  else
-    e.name = "operator " + symbol;
-  e.access = MemberAccess(m);
-  e.parameters = std::move(params);
-  e.prototypeType = std::move(type);
-  d.element = &e;
+  std::string name = IsCType(symbol) && (m.widening || m.narrowing)
+                         ? (m.widening ? "implicit operator " : "explicit operator ") + type
+                         : "operator " + symbol;
+  AddMember(h, vsCMElementFunction, d, std::move(name), MemberAccess(m), std::move(params), std::move(type));
   return d;
 }
 
@@ -699,12 +706,8 @@ VbDeclaration VbDeclarationParser::ReadProperty(Header& h) {
   d.endKeyword = VbKeyword::Property;
   d.what = HasBody(h.modifiers, h.where) ? VbDeclaration::What::PropertyHeader : VbDeclaration::What::Single;
   if (!InType(h.where) || name.empty()) return d;
-  Declaration& e = AddDeclared(h, vsCMElementProperty, d);
-  e.name = std::move(name);
-  e.access = MemberAccess(h.modifiers);
-  if (!params.empty()) e.parameters = std::move(params);
-  e.prototypeType = std::move(type);
-  d.element = &e;
+  AddMember(h, vsCMElementProperty, d, std::move(name), MemberAccess(h.modifiers), OrNone(std::move(params)),
+            std::move(type));
   return d;
 }
 
@@ -720,12 +723,8 @@ VbDeclaration VbDeclarationParser::ReadEvent(Header& h) {
   d.what = h.modifiers.custom && h.where != VbBlock::Interface ? VbDeclaration::What::Body
                                                                : VbDeclaration::What::Single;
   if (!InType(h.where) || name.empty()) return d;
-  Declaration& e = AddDeclared(h, vsCMElementEvent, d);
-  e.name = std::move(name);
-  e.access = MemberAccess(h.modifiers);
-  if (!params.empty()) e.parameters = std::move(params);
-  e.prototypeType = std::move(type);
-  d.element = &e;
+  AddMember(h, vsCMElementEvent, d, std::move(name), MemberAccess(h.modifiers), OrNone(std::move(params)),
+            std::move(type));
   return d;
 }
 
@@ -742,13 +741,9 @@ VbDeclaration VbDeclarationParser::ReadDelegate(Header& h) {
   std::vector<ParameterData> params = ReadOptionalParameters(c, m_text);
   std::string type = isFunction ? ReturnType(c, m_text, typeChar) : "";
   VbDeclaration d;
-  Declaration& e = AddDeclared(h, vsCMElementDelegate, d);
-  e.name = std::move(name);
-  e.access = TypeAccess(h.modifiers, h.where);
-  e.parameters = std::move(params);
-  e.prototypeType = std::move(type);
+  AddMember(h, vsCMElementDelegate, d, std::move(name), TypeAccess(h.modifiers, h.where), std::move(params),
+            std::move(type));
   d.what = VbDeclaration::What::Single;
-  d.element = &e;
   return d;
 }
 
@@ -767,13 +762,9 @@ VbDeclaration VbDeclarationParser::ReadDeclare(Header& h) {
   std::vector<ParameterData> params = ReadOptionalParameters(c, m_text);
   std::string type = isFunction ? ReturnType(c, m_text, typeChar) : "";
   VbDeclaration d;
-  Declaration& e = AddDeclared(h, vsCMElementDeclareDecl, d);
-  e.name = std::move(name);
-  e.access = MemberAccess(h.modifiers);
-  e.parameters = std::move(params);
-  e.prototypeType = std::move(type);
+  AddMember(h, vsCMElementDeclareDecl, d, std::move(name), MemberAccess(h.modifiers), std::move(params),
+            std::move(type));
   d.what = VbDeclaration::What::Single;
-  d.element = &e;
   return d;
 }
 

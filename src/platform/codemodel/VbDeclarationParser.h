@@ -1,4 +1,5 @@
 #pragma once
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -104,6 +105,10 @@ class VbDeclarationParser {
   /// Adds a declaration of `kind` for the statement of `h` (its extent, attributes and
   /// documentation) and lists it in d.elements.
   Declaration& AddDeclared(Header& h, int kind, VbDeclaration& d);
+  /// AddDeclared for a member with a signature: its name, access, parameters (none: no
+  /// parameter list at all) and type, made d.element.
+  Declaration& AddMember(Header& h, int kind, VbDeclaration& d, std::string name, int access,
+                         std::optional<std::vector<ParameterData>> parameters, std::string type);
   Declaration& Add(Declaration* parent, int kind, uint32_t start, uint32_t end,
                    const std::vector<Attribute>& attributes, const std::vector<VbSpan>& docs);
   std::string DocText(const std::vector<VbSpan>& docs) const;
