@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "GeneratedFindings.h"
 #include "host/MGlobals.h"
 #include "platform/core/Variant.h"
 #include "platform/dao/Database.h"
@@ -29,22 +30,7 @@ using platform::Variant;
 
 constexpr int kRows = 100000;
 
-const char* const kProblems[] = {"No comment",
-                                 "Missing <summary> tag",
-                                 "Missing <returns> tag",
-                                 "Missing <param> tag",
-                                 "Empty <summary> tag",
-                                 "Too large uncommented code block",
-                                 "Descriptive comment where an XML comment is required",
-                                 "Parameter name mismatch",
-                                 "Parameter count mismatch",
-                                 "Missing <remarks> tag",
-                                 "Empty <returns> tag",
-                                 "Parameter type mismatch"};
-const char* const kTypes[] = {"Class", "Method", "Property", "Field (variable, constant)", "Event", "Enum", "Interface", "Delegate"};
-
-// The results file, made once: the component's schema, 100,000 findings of 6 projects,
-// 400 documents, 20 folders, 12 problems.
+// The results file, made once: the component's schema and 100,000 generated findings.
 const std::string& ResultsFile() {
   static std::string path = [] {
     platform::suite::TempFileNamer namer;
@@ -52,36 +38,7 @@ const std::string& ResultsFile() {
     std::string file = namer.FullPath();
     annotra::MGlobals::WorkspaceObject = std::make_shared<platform::dao::Workspace>();
     if (!annotra::MGlobals::CreateXMLAnalyzerTempDatabase(file)) std::abort();
-    sqlite3* db = nullptr;
-    sqlite3_open(file.c_str(), &db);
-    sqlite3_stmt* insert = nullptr;
-    sqlite3_prepare_v2(db,
-                       "INSERT INTO XMLAnalyzer1(Flag, Project, Document, Type, Path, Member, Start, End, Status, Problem)"
-                       " VALUES (0, ?1, ?2, ?3, ?4, ?5, ?6, ?7, 0, ?8)",
-                       -1, &insert, nullptr);
-    sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
-    unsigned seed = 12345;
-    auto next = [&] { return seed = seed * 1103515245u + 12345u, (seed >> 8); };
-    for (int i = 0; i < kRows; ++i) {
-      std::string project = "Demo.Project" + std::to_string(next() % 6);
-      std::string document = "Source" + std::to_string(next() % 400) + ".cs";
-      std::string path = "Folder" + std::to_string(next() % 20) + "\\Inner";
-      std::string member = "Member" + std::to_string(i);
-      int start = static_cast<int>(next() % 5000) + 1;
-      sqlite3_bind_text(insert, 1, project.c_str(), -1, SQLITE_TRANSIENT);
-      sqlite3_bind_text(insert, 2, document.c_str(), -1, SQLITE_TRANSIENT);
-      sqlite3_bind_text(insert, 3, kTypes[next() % 8], -1, SQLITE_STATIC);
-      sqlite3_bind_text(insert, 4, path.c_str(), -1, SQLITE_TRANSIENT);
-      sqlite3_bind_text(insert, 5, member.c_str(), -1, SQLITE_TRANSIENT);
-      sqlite3_bind_int(insert, 6, start);
-      sqlite3_bind_int(insert, 7, start + static_cast<int>(next() % 40));
-      sqlite3_bind_text(insert, 8, kProblems[next() % 12], -1, SQLITE_STATIC);
-      if (sqlite3_step(insert) != SQLITE_DONE) std::abort();
-      sqlite3_reset(insert);
-    }
-    sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr);
-    sqlite3_finalize(insert);
-    sqlite3_close(db);
+    bench::WriteGeneratedFindings(file, kRows);
     return file;
   }();
   return path;

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <string>
 
+#include "GeneratedFindings.h"
 #include "host/MGlobals.h"
 #include "pane/CXmlAnalyzerWindow.h"
 #include "platform/automation/DTE.h"
@@ -32,10 +33,6 @@ using annotra::CXmlAnalyzerWindow;
 namespace MGlobals = annotra::MGlobals;
 
 constexpr int kRows = 100000;
-
-const char* const kProblems[] = {"No comment", "Missing <summary> tag", "Missing <returns> tag", "Missing <param> tag",
-                                 "Empty <summary> tag", "Too large uncommented code block",
-                                 "Descriptive comment where an XML comment is required", "Parameter name mismatch"};
 
 // What the benchmark runs in: a folder of its own, the results database holding the
 // findings, and the controller with its window.
@@ -63,7 +60,7 @@ struct Setting {
     MGlobals::AppSettingsObject_HKCU = std::make_shared<platform::suite::IniSettingsStore>(folder / "settings.ini");
     MGlobals::XMLAnalyzerDb();
     resultsFile = MGlobals::XMLAnalyzerDbFile();
-    Fill();
+    bench::WriteGeneratedFindings(resultsFile, kRows);
     window = std::make_unique<CXmlAnalyzerWindow>();
     window->Initialize("Annotra - by Scribane", "{00606204-4A63-44fb-928A-F4FBAF913788}", "iwxml1.lyt", "XMLAnalyzer1",
                        true);
@@ -82,38 +79,6 @@ struct Setting {
       f();
     } catch (const std::exception&) {
     }
-  }
-
-  // 100,000 findings of 6 projects, 400 documents, 8 problems, written straight into
-  // the results table.
-  void Fill() {
-    sqlite3* db = nullptr;
-    sqlite3_open(resultsFile.c_str(), &db);
-    sqlite3_stmt* insert = nullptr;
-    sqlite3_prepare_v2(db,
-                       "INSERT INTO XMLAnalyzer1(Flag, Project, Document, Type, Path, Member, Start, End, Status, Problem)"
-                       " VALUES (0, ?1, ?2, 'Method', ?3, ?4, ?5, ?5, 0, ?6)",
-                       -1, &insert, nullptr);
-    sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
-    unsigned seed = 12345;
-    auto next = [&] { return seed = seed * 1103515245u + 12345u, (seed >> 8); };
-    for (int i = 0; i < kRows; ++i) {
-      std::string project = "Demo.Project" + std::to_string(next() % 6);
-      std::string document = "Source" + std::to_string(next() % 400) + ".cs";
-      std::string path = "Folder" + std::to_string(next() % 20) + "\\Inner";
-      std::string member = "Member" + std::to_string(i);
-      sqlite3_bind_text(insert, 1, project.c_str(), -1, SQLITE_TRANSIENT);
-      sqlite3_bind_text(insert, 2, document.c_str(), -1, SQLITE_TRANSIENT);
-      sqlite3_bind_text(insert, 3, path.c_str(), -1, SQLITE_TRANSIENT);
-      sqlite3_bind_text(insert, 4, member.c_str(), -1, SQLITE_TRANSIENT);
-      sqlite3_bind_int(insert, 5, static_cast<int>(next() % 5000) + 1);
-      sqlite3_bind_text(insert, 6, kProblems[next() % 8], -1, SQLITE_STATIC);
-      if (sqlite3_step(insert) != SQLITE_DONE) std::abort();
-      sqlite3_reset(insert);
-    }
-    sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr);
-    sqlite3_finalize(insert);
-    sqlite3_close(db);
   }
 
   /// Fails the run when the component showed a message or reported an error.
