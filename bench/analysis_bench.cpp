@@ -130,14 +130,8 @@ void SetUpHost(const fs::path& home) {
 }
 
 void TearDownHost() {
-  if (MGlobals::XMLAnalyzerDb_IsCreated()) {
-    std::string file = MGlobals::XMLAnalyzerDbFile();
-    MGlobals::XMLAnalyzerDb()->Close();
-    std::error_code ec;
-    fs::remove(file, ec);
-  }
+  MGlobals::DiscardXMLAnalyzerDbForTesting();
   MGlobals::ResetForTesting();
-  MGlobals::ForgetXMLAnalyzerDbForTesting();
 }
 
 // A field as the tab-separated format writes it, appended to `out`.

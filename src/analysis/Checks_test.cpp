@@ -228,14 +228,8 @@ std::vector<ExpectedFinding> Analyse(const std::string& fileName, const std::str
                        (e.source.empty() ? "" : " in " + e.source + " at " + std::to_string(e.line)));
   for (const auto& box : boxes->shown) problems.push_back("the analysis showed the message \"" + box.prompt + "\"");
 
-  if (MGlobals::XMLAnalyzerDb_IsCreated()) {
-    std::string file = MGlobals::XMLAnalyzerDbFile();
-    MGlobals::XMLAnalyzerDb()->Close();
-    std::error_code ec;
-    fs::remove(file, ec);
-  }
+  MGlobals::DiscardXMLAnalyzerDbForTesting();
   MGlobals::ResetForTesting();
-  MGlobals::ForgetXMLAnalyzerDbForTesting();
   return rows;
 }
 

@@ -50,10 +50,9 @@ class EntryTest : public ::testing::Test {
   }
   void TearDown() override {
     analyzer.reset();
-    if (MGlobals::XMLAnalyzerDb_IsCreated()) Quietly([] { MGlobals::XMLAnalyzerDb()->Close(); });
+    MGlobals::DiscardXMLAnalyzerDbForTesting();
     Quietly([&] { team->Close(); });
     MGlobals::ResetForTesting();
-    MGlobals::ForgetXMLAnalyzerDbForTesting();
   }
 
   /// Rewrites the one source file of the solution.

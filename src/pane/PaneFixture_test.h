@@ -79,14 +79,8 @@ class PaneTest : public ::testing::Test {
   void TearDown() override {
     using namespace annotra;
     window.reset();
-    if (MGlobals::XMLAnalyzerDb_IsCreated()) {
-      try {
-        MGlobals::XMLAnalyzerDb()->Close();
-      } catch (const platform::Error&) {
-      }
-    }
+    MGlobals::DiscardXMLAnalyzerDbForTesting();
     MGlobals::ResetForTesting();
-    MGlobals::ForgetXMLAnalyzerDbForTesting();
   }
 
   /// Findings of the solution: two in a.cs, one in Sub/b.cs, one of a document that is

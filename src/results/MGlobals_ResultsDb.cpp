@@ -195,4 +195,18 @@ void ForgetXMLAnalyzerDbForTesting() {
   g_XMLAnalyzerDbFile.clear();
 }
 
+void DiscardXMLAnalyzerDbForTesting() {
+  if (g_XMLAnalyzerDb) {
+    try {
+      g_XMLAnalyzerDb->Close();
+    } catch (const std::exception&) {
+    }
+  }
+  if (!g_XMLAnalyzerDbFile.empty()) {
+    std::error_code ec;
+    std::filesystem::remove(g_XMLAnalyzerDbFile, ec);
+  }
+  ForgetXMLAnalyzerDbForTesting();
+}
+
 }  // namespace annotra::MGlobals

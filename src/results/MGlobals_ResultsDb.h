@@ -32,5 +32,8 @@ void EraseXMLAnalyzerDbObject();
 /// anything. For tests and benchmarks that run the component more than once in one
 /// process.
 void ForgetXMLAnalyzerDbForTesting();
+/// Closes the results database when there is one (errors ignored), deletes its file and
+/// forgets both: what a test or benchmark does when it has done with a run.
+void DiscardXMLAnalyzerDbForTesting();
 
 }  // namespace annotra::MGlobals

@@ -36,18 +36,10 @@ class ResultsDbTest : public ::testing::Test {
     MGlobals::WorkspaceObject = std::make_shared<Workspace>();
   }
   void TearDown() override {
-    if (MGlobals::XMLAnalyzerDb_IsCreated()) Quiet([] { MGlobals::XMLAnalyzerDb()->Close(); });
+    MGlobals::DiscardXMLAnalyzerDbForTesting();
     MGlobals::ResetForTesting();
-    MGlobals::ForgetXMLAnalyzerDbForTesting();
     if (hadTmpdir) setenv("TMPDIR", oldTmpdir.c_str(), 1);
     else unsetenv("TMPDIR");
-  }
-  template <class F>
-  static void Quiet(F f) {
-    try {
-      f();
-    } catch (const Error&) {
-    }
   }
   std::vector<fs::path> FilesInFolder() const {
     std::vector<fs::path> files;
