@@ -9,11 +9,14 @@
 #include "platform/forms/CommandButton.h"
 #include "platform/forms/Form.h"
 #include "platform/forms/TextBox.h"
+#include "testsupport/ErrorOf.h"
 #include "testsupport/SolutionFixture.h"
 #include "testsupport/TempDir.h"
 
 namespace platform::suite {
 namespace {
+
+using testsupport::ErrorOf;
 
 constexpr int kEnter = 13, kEscape = 27, kUp = 38, kDown = 40, kF4 = 115, kAlt = 4;
 
@@ -34,20 +37,11 @@ class Dialog : public forms::Form {
   std::string events;
 };
 
-int ErrorNumber(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e.number;
-  }
-  return 0;
-}
-
 TEST(ScopeSelectorTest, OffersTheScopesOfTheWalkWithTheirValuesAndSelectsTheOneAsked) {
   Dialog d;
   EXPECT_EQ(d.scope.ScopesCount(), 0);
   EXPECT_EQ(d.scope.ListIndex(), -1);
-  EXPECT_EQ(ErrorNumber([&] { d.scope.SelectedScope(); }), 5);
+  EXPECT_EQ(ErrorOf([&] { d.scope.SelectedScope(); }), 5);
   d.scope.Init(nullptr, true, false, true, false, 3);
   ASSERT_EQ(d.scope.ScopesCount(), 6);
   std::string list;
@@ -60,9 +54,9 @@ TEST(ScopeSelectorTest, OffersTheScopesOfTheWalkWithTheirValuesAndSelectsTheOneA
   EXPECT_EQ(d.scope.SelectedScope(), 3);
   EXPECT_EQ(d.scope.Caption, "Current project");
   EXPECT_FALSE(d.scope.IsDroppedDown());
-  EXPECT_EQ(ErrorNumber([&] { d.scope.ScopeValue(6); }), 5);
-  EXPECT_EQ(ErrorNumber([&] { d.scope.ScopeValue(-1); }), 5);
-  EXPECT_EQ(ErrorNumber([&] { d.scope.SetListIndex(6); }), 5);
+  EXPECT_EQ(ErrorOf([&] { d.scope.ScopeValue(6); }), 5);
+  EXPECT_EQ(ErrorOf([&] { d.scope.ScopeValue(-1); }), 5);
+  EXPECT_EQ(ErrorOf([&] { d.scope.SetListIndex(6); }), 5);
   d.scope.SetListIndex(5);
   EXPECT_EQ(d.scope.SelectedScope(), 6);
   EXPECT_EQ(d.events, "scope=3 scope=5 ");
@@ -75,7 +69,7 @@ TEST(ScopeSelectorTest, LeavesOutWhatItIsNotAskedForAndRefusesASelectionScope) {
   EXPECT_EQ(d.scope.ScopeValue(0), 1);
   EXPECT_EQ(d.scope.ScopeValue(3), 4);
   EXPECT_EQ(d.scope.ListIndex(), 0);
-  EXPECT_EQ(ErrorNumber([&] { d.scope.Init(nullptr, true, true, true, false, 3); }), 5);
+  EXPECT_EQ(ErrorOf([&] { d.scope.Init(nullptr, true, true, true, false, 3); }), 5);
   EXPECT_EQ(d.scope.ScopesCount(), 4);  // unchanged
 }
 

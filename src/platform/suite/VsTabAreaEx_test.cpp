@@ -6,9 +6,12 @@
 #include "platform/forms/Form.h"
 #include "platform/forms/Label.h"
 #include "platform/forms/Screen.h"
+#include "testsupport/ErrorOf.h"
 
 namespace platform::suite {
 namespace {
+
+using testsupport::ErrorOf;
 
 /// A form with a strip of two tabs, as a dialog with two pages makes it.
 class Dialog : public forms::Form {
@@ -24,15 +27,6 @@ class Dialog : public forms::Form {
   std::string clicks;
 };
 
-int ErrorNumber(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e.number;
-  }
-  return 0;
-}
-
 TEST(VsTabAreaExTest, TabsAreFoundByKeyAndIndexAndSelectedByCodeWithoutTabClick) {
   Dialog d;
   EXPECT_EQ(d.strip.TabsCount(), 2);
@@ -40,10 +34,10 @@ TEST(VsTabAreaExTest, TabsAreFoundByKeyAndIndexAndSelectedByCodeWithoutTabClick)
   EXPECT_EQ(d.strip.Tab("Body")->Index(), 2);
   EXPECT_EQ(d.strip.Tab(1)->Key(), "Def");
   EXPECT_FALSE(d.strip.SelectedTab());
-  EXPECT_EQ(ErrorNumber([&] { d.strip.SelectedTab()->Key(); }), 91);
-  EXPECT_EQ(ErrorNumber([&] { d.strip.Tab("None"); }), 35601);
-  EXPECT_EQ(ErrorNumber([&] { d.strip.Tab(3); }), 35600);
-  EXPECT_EQ(ErrorNumber([&] { d.strip.AddTab("Def", "Again"); }), 35602);
+  EXPECT_EQ(ErrorOf([&] { d.strip.SelectedTab()->Key(); }), 91);
+  EXPECT_EQ(ErrorOf([&] { d.strip.Tab("None"); }), 35601);
+  EXPECT_EQ(ErrorOf([&] { d.strip.Tab(3); }), 35600);
+  EXPECT_EQ(ErrorOf([&] { d.strip.AddTab("Def", "Again"); }), 35602);
   d.strip.Tab("Body")->SetSelected(true);
   EXPECT_EQ(d.strip.SelectedTab()->Key(), "Body");
   d.strip.Tab("Def")->SetSelected(true);
@@ -102,7 +96,7 @@ TEST(VsTabAreaExTest, UnloadingTheFormRemovesTheTabsAndATabHeldSaysItIsNotSelect
     d.strip.AddTab("Def", "Again");  // a new load adds them again
   }
   EXPECT_FALSE(tab->Selected());
-  EXPECT_EQ(ErrorNumber([&] { tab->SetSelected(true); }), 91);
+  EXPECT_EQ(ErrorOf([&] { tab->SetSelected(true); }), 91);
   EXPECT_EQ(tab->Caption(), "Definition Comments");
 }
 
