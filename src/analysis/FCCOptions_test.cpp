@@ -16,14 +16,12 @@
 #include "platform/suite/ErrorReport.h"
 #include "platform/suite/IniSettingsStore.h"
 #include "platform/suite/TeamDatabase.h"
-#include "testsupport/TempDir.h"
+#include "testsupport/UserSettingsFixture.h"
 
 namespace annotra {
 namespace {
 
-using platform::forms::ScopedMessageBoxes;
 using platform::forms::ScopedPresenter;
-using platform::forms::ScriptedMessageBoxes;
 using platform::forms::ScriptedPresenter;
 using platform::suite::TeamDatabase;
 
@@ -32,24 +30,8 @@ const std::string kFull =
     "returns|{Interface}|summary|{Module}|summary|{Structure}|summary|{Event}|summary|"
     "{Property}|summary|param|{Field (variable, constant)}|summary";
 
-class FCCOptionsTest : public ::testing::Test {
+class FCCOptionsTest : public testsupport::UserSettingsFixture {
  protected:
-  void SetUp() override {
-    const char* old = getenv("ANNOTRA_APP_PATH");
-    m_oldAppPath = old ? old : "";
-    setenv("ANNOTRA_APP_PATH", ANNOTRA_SOURCE_DIR "/resources", 1);
-    MGlobals::ForgetGrammarPaths();
-    MGlobals::AppSettingsObject_HKCU =
-        std::make_shared<platform::suite::IniSettingsStore>(m_dir.path() / "settings.ini");
-    MGlobals::TeamDB = TeamDatabase::OpenOrCreate(m_ws, (m_dir.path() / "team.db").string());
-  }
-  void TearDown() override {
-    if (MGlobals::TeamDB) MGlobals::TeamDB->Close();
-    MGlobals::ResetForTesting();
-    MGlobals::ForgetXMLAnalyzerDbForTesting();
-    MGlobals::ForgetGrammarPaths();
-    setenv("ANNOTRA_APP_PATH", m_oldAppPath.c_str(), 1);
-  }
   // A team database holding only `templates`.
   void UseTemplates(const std::vector<TeamDatabase::Template>& templates) {
     MGlobals::TeamDB->Close();
@@ -70,15 +52,7 @@ class FCCOptionsTest : public ::testing::Test {
     EXPECT_EQ(user->Pending(), 0u);
   }
 
-  testsupport::TempDir m_dir;
-  platform::dao::Workspace m_ws;
-  std::string m_oldAppPath;
   int m_dbs = 0;
-  std::shared_ptr<ScriptedMessageBoxes> m_boxes = std::make_shared<ScriptedMessageBoxes>();
-  ScopedMessageBoxes m_scopedBoxes{m_boxes};
-  std::shared_ptr<platform::suite::RecordingErrorReport> m_report =
-      std::make_shared<platform::suite::RecordingErrorReport>();
-  platform::suite::ScopedErrorReport m_scopedReport{m_report};
 };
 
 TEST_F(FCCOptionsTest, NotShownWritesEveryTagOfEveryEnabledTemplate) {

@@ -1,50 +1,24 @@
 #pragma once
-// The setting the options dialog and its pages are tested in: a per-user settings store
-// in a temporary folder, a team database with the default templates (for the template
-// options), the shipped grammar files, and recorded error reports and message boxes.
+// The options dialog and its pages are tested in the per-user setting of
+// UserSettingsFixture, played by a scripted user.
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <memory>
 #include <string>
 
 #include "host/MGlobals.h"
-#include "host/MGlobals_Paths.h"
 #include "host/SettingsKeys.h"
 #include "options/FOptions.h"
 #include "platform/core/Variant.h"
-#include "platform/dao/Database.h"
-#include "platform/dao/Workspace.h"
-#include "platform/forms/MessageBox.h"
 #include "platform/forms/ScriptedPresenter.h"
-#include "platform/suite/ErrorReport.h"
-#include "platform/suite/IniSettingsStore.h"
-#include "platform/suite/TeamDatabase.h"
-#include "results/MGlobals_ResultsDb.h"
-#include "testsupport/TempDir.h"
+#include "testsupport/UserSettingsFixture.h"
 
 namespace annotra::testing {
 
-class OptionsFixture : public ::testing::Test {
+/// A test of the options dialog or a page of it, with a scripted user to play it.
+class OptionsFixture : public testsupport::UserSettingsFixture {
  protected:
-  void SetUp() override {
-    const char* old = getenv("ANNOTRA_APP_PATH");
-    m_oldAppPath = old ? old : "";
-    setenv("ANNOTRA_APP_PATH", ANNOTRA_SOURCE_DIR "/resources", 1);
-    MGlobals::ForgetGrammarPaths();
-    MGlobals::AppSettingsObject_HKCU =
-        std::make_shared<platform::suite::IniSettingsStore>(m_dir.path() / "settings.ini");
-    MGlobals::TeamDB = platform::suite::TeamDatabase::OpenOrCreate(m_ws, (m_dir.path() / "team.db").string());
-  }
-  void TearDown() override {
-    if (MGlobals::TeamDB) MGlobals::TeamDB->Close();
-    MGlobals::ResetForTesting();
-    MGlobals::ForgetXMLAnalyzerDbForTesting();
-    MGlobals::ForgetGrammarPaths();
-    setenv("ANNOTRA_APP_PATH", m_oldAppPath.c_str(), 1);
-  }
-
   /// A user who plays the actions queued on it.
   static std::shared_ptr<platform::forms::ScriptedPresenter> User() {
     return std::make_shared<platform::forms::ScriptedPresenter>();
@@ -72,15 +46,6 @@ class OptionsFixture : public ::testing::Test {
     return v.IsEmpty() ? "<none>" : platform::ToString(v);
   }
 
-  testsupport::TempDir m_dir;
-  platform::dao::Workspace m_ws;
-  std::string m_oldAppPath;
-  std::shared_ptr<platform::forms::ScriptedMessageBoxes> m_boxes =
-      std::make_shared<platform::forms::ScriptedMessageBoxes>();
-  platform::forms::ScopedMessageBoxes m_scopedBoxes{m_boxes};
-  std::shared_ptr<platform::suite::RecordingErrorReport> m_report =
-      std::make_shared<platform::suite::RecordingErrorReport>();
-  platform::suite::ScopedErrorReport m_scopedReport{m_report};
 };
 
 }  // namespace annotra::testing
