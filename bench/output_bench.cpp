@@ -68,7 +68,8 @@ struct Analysed {
     };
     const int projects = std::max(1, files / 100);
     for (int p = 0; p < projects; ++p) {
-      const std::string name = "P" + std::to_string(p);
+      // Appended: "P" + std::to_string(p) trips a false -Wrestrict in GCC 12 at -O2.
+      const std::string name = std::string("P").append(std::to_string(p));
       const std::string area = guid(id++), folder = guid(id++), project = guid(id++);
       sln += "Project(\"{2150E333-8FDC-42A3-9474-1A3956D46DE8}\") = \"Area" + std::to_string(p % 5) + "_" +
              std::to_string(p) + "\", \"a\", \"" + area + "\"\nEndProject\n";
@@ -82,9 +83,10 @@ struct Analysed {
           << "<Project Sdk=\"Microsoft.NET.Sdk\"><PropertyGroup><TargetFramework>net8.0</TargetFramework>"
              "</PropertyGroup></Project>\n";
       for (int f = 0; f < 100 && p * 100 + f < files; ++f) {
-        fs::path dir = root / name / ("Area" + std::to_string(f % 7)) / ("Sub" + std::to_string(f % 3));
+        fs::path dir = root / name / std::string("Area").append(std::to_string(f % 7)) /
+                       std::string("Sub").append(std::to_string(f % 3));
         fs::create_directories(dir);
-        std::ofstream(dir / ("F" + std::to_string(f) + ".cs"))
+        std::ofstream(dir / std::string("F").append(std::to_string(f)).append(".cs"))
             << "namespace N\n{\n    public class C" << f << "\n    {\n        public int A(int x) { return x; }\n"
             << "        public int B(int x) { return x; }\n        public int C(int x) { return x; }\n    }\n}\n";
       }
